@@ -1,0 +1,39 @@
+# What every target of the project shares: warnings, sanitizers, precompiled headers.
+
+add_library(zeph_options INTERFACE)
+target_compile_features(zeph_options INTERFACE cxx_std_20)
+target_include_directories(zeph_options INTERFACE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/tests)
+if(MSVC)
+  target_compile_options(zeph_options INTERFACE /W4 /utf-8 $<$<BOOL:${ZEPH_WARNINGS_AS_ERRORS}>:/WX>)
+else()
+  target_compile_options(zeph_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${ZEPH_WARNINGS_AS_ERRORS}>:-Werror>)
+endif()
+if(ZEPH_SANITIZE)
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(zeph_options INTERFACE ${sanitizers})
+  target_link_options(zeph_options INTERFACE ${sanitizers})
+endif()
+if(ZEPH_FUZZ)
+  target_compile_options(zeph_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer)
+  target_link_options(zeph_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# add_zeph_library(NAME SOURCES... [LINK libraries...])
+function(add_zeph_library name)
+  cmake_parse_arguments(arg "" "" "LINK" ${ARGN})
+  add_library(${name} STATIC ${arg_UNPARSED_ARGUMENTS})
+  target_link_libraries(${name} PUBLIC zeph_options ${arg_LINK})
+  target_precompile_headers(${name} PRIVATE <array> <cstdint> <functional> <memory> <string> <string_view> <vector>)
+endfunction()
+
+# add_zeph_test(NAME SOURCES... [LINK libraries...]): a GoogleTest program, each of whose tests CTest knows by name.
+function(add_zeph_test name)
+  cmake_parse_arguments(arg "" "" "LINK" ${ARGN})
+  add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
+  target_link_libraries(${name} PRIVATE zeph_options zeph_test_support ${arg_LINK})
+  target_compile_definitions(${name} PRIVATE
+    ZEPH_DATA_DIR="${CMAKE_SOURCE_DIR}/data" ZEPH_TEST_DIR="${CMAKE_SOURCE_DIR}/tests")
+  target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <string> <vector> <filesystem>)
+  gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)
+endfunction()

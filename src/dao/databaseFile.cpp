@@ -1,0 +1,105 @@
+#include "dao/databaseFile.h"
+
+#include "dao/connection.h"
+#include "dao/engineError.h"
+#include "platform/paths.h"
+
+#include <filesystem>
+
+namespace dao {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct BackupCloser
+{
+    void operator()(sqlite3_backup* backup) const noexcept { sqlite3_backup_finish(backup); }
+};
+
+// What SQLite leaves beside a database file until a transaction or its last connection has ended.
+void removeCompanions(const fs::path& database)
+{
+    for (const char* suffix : {"-journal", "-wal", "-shm"}) {
+        std::error_code failure;
+        fs::remove(fs::path(database) += suffix, failure);
+        if (failure)
+            platform::raise(platform::errPermissionDenied);
+    }
+}
+
+int writeFailureNumber(const std::error_code& failure)
+{
+    return failure == std::errc::no_space_on_device ? platform::errDiskFull : platform::errPathFileAccess;
+}
+
+void replaceFile(const fs::path& source, const fs::path& target)
+{
+    const fs::path fresh = fs::path(target) += ".new";
+    std::error_code failure;
+    fs::copy_file(source, fresh, fs::copy_options::overwrite_existing, failure);
+    if (!failure) {
+        fs::permissions(fresh, fs::perms::owner_write, fs::perm_options::add, failure);
+        platform::flushToDisk(fresh);
+        // The journal goes first: one that is left beside the new file would be rolled into it.
+        removeCompanions(target);
+        fs::rename(fresh, target, failure);
+    }
+    if (!failure)
+        return;
+    std::error_code ignored;
+    fs::remove(fresh, ignored);
+    platform::raise(static_cast<platform::ErrorNumber>(writeFailureNumber(failure)));
+}
+
+// Through the engine, under the engine's locks, as one transaction on the target. False when the target is no
+// file that the engine can take a lock on.
+bool replaceThroughEngine(const fs::path& source, const fs::path& target)
+{
+    const auto from = openAnyFile(source.string(), SQLITE_OPEN_READWRITE);
+    const auto onto = openAnyFile(target.string(), SQLITE_OPEN_READWRITE);
+    sqlite3_db_config(onto.get(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    int result = sqlite3_exec(onto.get(), "BEGIN IMMEDIATE; ROLLBACK", nullptr, nullptr, nullptr);
+    if ((result & 0xff) == SQLITE_BUSY)
+        throw engineFailure(result, onto.get(), target.string());
+    if (result != SQLITE_OK)
+        return false;
+    const std::unique_ptr<sqlite3_backup, BackupCloser> backup(
+        sqlite3_backup_init(onto.get(), "main", from.get(), "main"));
+    result = backup ? sqlite3_backup_step(backup.get(), -1) : sqlite3_errcode(onto.get());
+    if (result == SQLITE_DONE)
+        return true;
+    throw engineFailure(result, nullptr, target.string());
+}
+
+bool sameFile(const fs::path& left, const fs::path& right)
+{
+    std::error_code ignored;
+    return fs::equivalent(left, right, ignored);
+}
+
+} // namespace
+
+void createDatabaseFile(const std::string& path, std::string_view script)
+{
+    fs::remove(path);
+    const auto connection = openAnyFile(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    execute(connection.get(), std::string(script).c_str());
+    execute(connection.get(),
+            ("PRAGMA application_id=" + std::to_string(applicationId) + "; VACUUM").c_str());
+}
+
+void copyDatabaseFile(const std::string& source, const std::string& target)
+{
+    const auto from = platform::hostPath(source);
+    const auto onto = platform::hostPath(target);
+    if (!fs::is_regular_file(from))
+        platform::raise(platform::errFileNotFound);
+    if (sameFile(from, onto))
+        platform::raise(platform::errPermissionDenied);
+    std::error_code ignored;
+    if (!fs::is_regular_file(onto, ignored) || !replaceThroughEngine(from, onto))
+        replaceFile(from, onto);
+}
+
+} // namespace dao

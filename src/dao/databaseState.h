@@ -1,0 +1,148 @@
+#pragma once
+
+#include "dao/connection.h"
+#include "dao/dao.h"
+#include "dao/sqlTranslator.h"
+
+#include <list>
+#include <map>
+#include <optional>
+#include <unordered_map>
+
+// What the engine's objects share behind their public faces.
+namespace dao {
+
+struct Column
+{
+    std::string name;
+    DataType type;
+};
+
+// The position of a column by its name without regard to case; 3265 for an unknown one.
+[[nodiscard]] std::size_t columnPosition(const std::vector<Column>& columns, std::string_view name);
+
+// A query by its text, with the statements that are not in use.
+struct CompiledQuery
+{
+    TranslatedQuery text;
+    std::vector<Column> columns; // those asked for, without the identity of the row
+    std::vector<Statement> idle;
+};
+
+// A table of the file as it is appended to.
+struct TableInfo
+{
+    std::string name;
+    std::vector<Column> columns;
+    Statement insert; // all columns, in order
+};
+
+struct Workspace::State
+{
+    bool inTransaction = false;
+    std::list<Database::State*> databases; // the open ones
+};
+
+struct Database::State
+{
+    State(std::string databasePath, bool openReadOnly, std::shared_ptr<Workspace::State> session);
+    ~State();
+    State(const State&) = delete;
+    State& operator=(const State&) = delete;
+
+    [[nodiscard]] sqlite3* handle() const; // 3420 once closed
+    void close();
+
+    // Statements, kept by their text.
+    CompiledQuery& query(std::string_view jetSql);
+    [[nodiscard]] Statement takeStatement(CompiledQuery& compiled) const;
+    TableInfo& table(std::string_view name);
+    // A statement of this file alone, run by runWrite.
+    sqlite3_stmt* writeStatement(const std::string& sql);
+
+    // Must be called before each write, and before a row is read that is going to be written.
+    void beginWrite();
+    // Runs a statement that writes one row, and clears it.
+    void runWrite(sqlite3_stmt* statement);
+    // Throws the engine's failure. One that stands for a full disk, an I/O error or lack of memory, or that
+    // ended the transaction, dooms what has begun.
+    [[noreturn]] void fail(int resultCode);
+
+    // The part of this file in the workspace's transaction.
+    void commit();
+    void rollback();
+
+    void beginBulkLoad();
+
+    std::string path;
+    bool readOnly;
+    bool begun = false;                         // the transaction has begun on this file
+    std::optional<platform::RuntimeError> doom; // why it can no longer be committed
+    std::list<Recordset::State*> recordsets;    // the open ones
+
+private:
+    void renewStatistics();
+    void endBulkLoad(sqlite3* connection) const;
+
+    // The connection stands before the statements: those must go first.
+    Connection m_connection;
+    std::shared_ptr<Workspace::State> m_workspace;
+    std::unordered_map<std::string, CompiledQuery> m_queries;
+    std::map<std::string, TableInfo, std::less<>> m_tables;
+    std::unordered_map<std::string, Statement> m_writeStatements;
+    bool m_bulkLoad = false;
+    std::int64_t m_rowsWritten = 0;
+    std::int64_t m_nextStatistics = 0;
+};
+
+struct Recordset::State
+{
+    enum class Editing : std::uint8_t
+    {
+        None,
+        Adding,
+        Changing
+    };
+
+    // A query's rows, or a whole table's when `table` is given.
+    State(std::shared_ptr<Database::State> owner, CompiledQuery& compiledQuery,
+          std::vector<Value> parameterValues);
+    ~State();
+    State(const State&) = delete;
+    State& operator=(const State&) = delete;
+
+    void release(); // nothing can be done with it afterwards
+    void ensureOpen() const;
+
+    void start(); // to the first row
+    void goOn();  // to the next row, without a check
+    void ensureStarted();
+    void readAll(); // into memory, at the first row
+    void requireRow();
+    [[nodiscard]] Value current(std::size_t column) const;
+    [[nodiscard]] std::int64_t rowIdentity() const;
+    void beginChange();
+    void writeChange();
+    void writeAddition();
+
+    std::shared_ptr<Database::State> database;
+    CompiledQuery* query;
+    std::vector<Value> parameters;
+    TableInfo* table = nullptr; // found when first needed; null for a result that can't be written
+    Statement statement;        // out of the query's while rows are being stepped
+    std::unique_ptr<class RowStore> rows;
+    bool started = false, atEnd = false, deleted = false;
+    std::size_t row = 0;      // number of the current row, from 0
+    std::int32_t visited = 0; // rows
+    Editing editing = Editing::None;
+    std::vector<std::optional<Value>> buffer; // of the table's columns; nothing where it was not assigned
+};
+
+struct QueryDef::State
+{
+    std::shared_ptr<Database::State> database;
+    CompiledQuery* query;
+    std::vector<std::optional<Value>> values;
+};
+
+} // namespace dao

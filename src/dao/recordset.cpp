@@ -1,0 +1,343 @@
+#include "dao/databaseState.h"
+#include "dao/engineError.h"
+#include "dao/rowStore.h"
+
+#include <algorithm>
+
+namespace dao {
+
+namespace {
+
+void bind(sqlite3_stmt* statement, int place, const Value& value)
+{
+    std::visit(
+        [statement, place](const auto& held) {
+            using Held = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<Held, NullValue>)
+                sqlite3_bind_null(statement, place);
+            else if constexpr (std::is_same_v<Held, double>)
+                sqlite3_bind_double(statement, place, held);
+            else if constexpr (std::is_same_v<Held, std::string>)
+                // The caller's value outlives the step.
+                sqlite3_bind_text64(statement, place, held.data(), held.size(), SQLITE_STATIC, SQLITE_UTF8);
+            else
+                sqlite3_bind_int(statement, place, held);
+        },
+        value.variant());
+}
+
+std::vector<DataType> typesOf(const CompiledQuery& query)
+{
+    std::vector<DataType> types;
+    for (const auto& column : query.columns)
+        types.push_back(column.type);
+    if (!query.text.table.empty())
+        types.push_back(DataType::dbDouble); // the identity of the row, exact up to 53 bits
+    return types;
+}
+
+} // namespace
+
+Recordset::State::State(std::shared_ptr<Database::State> owner, CompiledQuery& compiledQuery,
+                        std::vector<Value> parameterValues)
+    : database(std::move(owner)), query(&compiledQuery), parameters(std::move(parameterValues))
+{
+    database->recordsets.push_front(this);
+}
+
+Recordset::State::~State()
+{
+    release();
+}
+
+void Recordset::State::release()
+{
+    if (query == nullptr)
+        return;
+    if (statement) {
+        sqlite3_reset(statement.get());
+        sqlite3_clear_bindings(statement.get());
+        query->idle.push_back(std::move(statement));
+    }
+    rows.reset();
+    database->recordsets.remove(this);
+    query = nullptr;
+}
+
+void Recordset::State::ensureOpen() const
+{
+    if (query == nullptr)
+        raiseEngineError(errObjectClosed);
+}
+
+void Recordset::State::start()
+{
+    if (!statement)
+        statement = database->takeStatement(*query);
+    sqlite3_reset(statement.get());
+    for (std::size_t index = 0; index < parameters.size(); ++index)
+        bind(statement.get(), static_cast<int>(index) + 1, parameters[index]);
+    started = true;
+    atEnd = false;
+    row = static_cast<std::size_t>(-1);
+    goOn();
+}
+
+void Recordset::State::goOn()
+{
+    ++row;
+    deleted = false;
+    if (rows) {
+        atEnd = row >= rows->rows();
+    } else {
+        const int result = sqlite3_step(statement.get());
+        if (result != SQLITE_ROW && result != SQLITE_DONE) {
+            atEnd = true;
+            sqlite3_reset(statement.get());
+            database->fail(result);
+        }
+        atEnd = result == SQLITE_DONE;
+    }
+    if (!atEnd)
+        visited = std::max(visited, static_cast<std::int32_t>(row) + 1);
+}
+
+void Recordset::State::ensureStarted()
+{
+    ensureOpen();
+    if (!started)
+        start();
+}
+
+void Recordset::State::readAll()
+{
+    if (rows)
+        return;
+    if (row != 0 || atEnd)
+        start();
+    auto store = std::make_unique<RowStore>(typesOf(*query));
+    for (; !atEnd; goOn())
+        store->append(statement.get());
+    // The statement is over: it holds no lock on the file while its rows are looked at.
+    sqlite3_reset(statement.get());
+    rows = std::move(store);
+}
+
+void Recordset::State::requireRow()
+{
+    ensureStarted();
+    if (atEnd)
+        raiseEngineError(errNoCurrentRecord);
+    if (deleted)
+        raiseEngineError(errRecordDeleted);
+}
+
+Value Recordset::State::current(std::size_t column) const
+{
+    if (rows)
+        return rows->value(row, column);
+    return columnValue(statement.get(), static_cast<int>(column), query->columns[column].type);
+}
+
+std::int64_t Recordset::State::rowIdentity() const
+{
+    const auto column = query->columns.size();
+    if (rows)
+        return static_cast<std::int64_t>(std::get<double>(rows->value(row, column).variant()));
+    return sqlite3_column_int64(statement.get(), static_cast<int>(column));
+}
+
+// The table that the rows come from; only such a result can be written.
+static TableInfo& writableTable(Recordset::State& recordset)
+{
+    recordset.ensureOpen();
+    if (recordset.table == nullptr) {
+        if (recordset.query->text.table.empty())
+            raiseEngineError(errReadOnly);
+        recordset.table = &recordset.database->table(recordset.query->text.table);
+    }
+    return *recordset.table;
+}
+
+void Recordset::State::beginChange()
+{
+    const auto& target = writableTable(*this);
+    // Before the row is read: what is read under Edit must still be so when it is written. A row that is read
+    // already stands under the lock of the statement that reads it.
+    database->beginWrite();
+    requireRow();
+    editing = Editing::Changing;
+    buffer.assign(target.columns.size(), std::nullopt);
+}
+
+void Recordset::State::writeAddition()
+{
+    auto& target = *table;
+    database->beginWrite();
+    auto* const insert = target.insert.get();
+    for (std::size_t column = 0; column < buffer.size(); ++column) {
+        if (buffer[column])
+            bind(insert, static_cast<int>(column) + 1, *buffer[column]);
+    }
+    database->runWrite(insert);
+}
+
+void Recordset::State::writeChange()
+{
+    const auto& target = *table;
+    std::string assignments;
+    for (std::size_t column = 0; column < buffer.size(); ++column) {
+        if (buffer[column])
+            assignments += (assignments.empty() ? "\"" : ", \"") + target.columns[column].name + "\" = ?";
+    }
+    if (assignments.empty())
+        return;
+    database->beginWrite();
+    auto* const update =
+        database->writeStatement("UPDATE \"" + target.name + "\" SET " + assignments + " WHERE rowid = ?");
+    int place = 0;
+    for (const auto& value : buffer) {
+        if (value)
+            bind(update, ++place, *value);
+    }
+    sqlite3_bind_int64(update, ++place, rowIdentity());
+    database->runWrite(update);
+    if (sqlite3_changes(database->handle()) == 0)
+        raiseEngineError(errRecordDeleted);
+}
+
+Recordset::Recordset(std::unique_ptr<State> state) : m_state(std::move(state)) {}
+
+Recordset::~Recordset() = default;
+
+bool Recordset::EOF_()
+{
+    m_state->ensureStarted();
+    return m_state->atEnd;
+}
+
+std::int32_t Recordset::RecordCount()
+{
+    m_state->ensureStarted();
+    return m_state->visited;
+}
+
+void Recordset::MoveNext()
+{
+    m_state->ensureStarted();
+    m_state->editing = State::Editing::None;
+    if (m_state->atEnd)
+        raiseEngineError(errNoCurrentRecord);
+    m_state->goOn();
+}
+
+void Recordset::MoveFirst()
+{
+    m_state->ensureStarted();
+    m_state->editing = State::Editing::None;
+    if (m_state->visited == 0)
+        raiseEngineError(errNoCurrentRecord);
+    if (m_state->rows) {
+        m_state->row = static_cast<std::size_t>(-1);
+        m_state->goOn();
+    } else if (m_state->row != 0) {
+        m_state->start();
+    }
+}
+
+void Recordset::MoveLast()
+{
+    m_state->ensureStarted();
+    m_state->editing = State::Editing::None;
+    if (m_state->visited == 0)
+        raiseEngineError(errNoCurrentRecord);
+    m_state->readAll();
+    m_state->row = m_state->rows->rows() - 2;
+    m_state->goOn();
+}
+
+Value Recordset::Fields(std::string_view name)
+{
+    m_state->ensureOpen();
+    if (m_state->editing != State::Editing::None) {
+        const auto& written = m_state->buffer[columnPosition(m_state->table->columns, name)];
+        if (written)
+            return *written;
+        if (m_state->editing == State::Editing::Adding)
+            return Null;
+    }
+    return Fields(columnPosition(m_state->query->columns, name));
+}
+
+Value Recordset::Fields(std::size_t position)
+{
+    m_state->requireRow();
+    if (position >= m_state->query->columns.size())
+        raiseEngineError(errNoSuchItem);
+    return m_state->current(position);
+}
+
+std::vector<std::string> Recordset::fieldNames() const
+{
+    m_state->ensureOpen();
+    std::vector<std::string> names;
+    for (const auto& column : m_state->query->columns)
+        names.push_back(column.name);
+    return names;
+}
+
+void Recordset::setCollect(std::string_view name, const Value& value)
+{
+    m_state->ensureOpen();
+    if (m_state->editing == State::Editing::None)
+        raiseEngineError(errUpdateWithoutEdit);
+    const auto position = columnPosition(m_state->table->columns, name);
+    m_state->buffer[position] = value.convertedTo(m_state->table->columns[position].type);
+}
+
+void Recordset::AddNew()
+{
+    const auto& target = writableTable(*m_state);
+    if (m_state->database->readOnly)
+        raiseEngineError(errReadOnly);
+    m_state->editing = State::Editing::Adding;
+    m_state->buffer.assign(target.columns.size(), std::nullopt);
+}
+
+void Recordset::Edit()
+{
+    m_state->beginChange();
+}
+
+void Recordset::Update(UpdateType, bool)
+{
+    m_state->ensureOpen();
+    if (m_state->editing == State::Editing::None)
+        raiseEngineError(errUpdateWithoutEdit);
+    if (m_state->editing == State::Editing::Adding)
+        m_state->writeAddition();
+    else
+        m_state->writeChange();
+    m_state->editing = State::Editing::None;
+}
+
+void Recordset::Delete()
+{
+    const auto& target = writableTable(*m_state);
+    m_state->requireRow();
+    auto& database = *m_state->database;
+    database.beginWrite();
+    auto* const statement = database.writeStatement("DELETE FROM \"" + target.name + "\" WHERE rowid = ?");
+    sqlite3_bind_int64(statement, 1, m_state->rowIdentity());
+    database.runWrite(statement);
+    m_state->editing = State::Editing::None;
+    m_state->deleted = true;
+}
+
+void Recordset::Close()
+{
+    m_state->ensureOpen();
+    m_state->release();
+}
+
+} // namespace dao

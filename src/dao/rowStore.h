@@ -1,0 +1,35 @@
+#pragma once
+
+#include "dao/value.h"
+
+#include <cstddef>
+#include <vector>
+
+struct sqlite3_stmt;
+
+namespace dao {
+
+// The value of one column of a statement's current row.
+[[nodiscard]] Value columnValue(sqlite3_stmt* statement, int column, DataType type);
+
+// The rows of a result in compact memory: a few bytes for a number, the bytes of a text, one for a Null.
+class RowStore
+{
+public:
+    explicit RowStore(std::vector<DataType> types) : m_types(std::move(types)) {}
+
+    void append(sqlite3_stmt* statement);
+    [[nodiscard]] std::size_t rows() const { return m_starts.size(); }
+    [[nodiscard]] Value value(std::size_t row, std::size_t column) const;
+
+private:
+    template <class T>
+    void appendRaw(char tag, T value);
+    void appendText(sqlite3_stmt* statement, int column);
+
+    std::vector<DataType> m_types;
+    std::vector<std::size_t> m_starts; // of each row in m_bytes
+    std::vector<char> m_bytes;
+};
+
+} // namespace dao

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "dao/value.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The engine's dialect of SQL, turned into the one that runs beneath.
+namespace dao {
+
+struct DeclaredParameter
+{
+    std::string name;
+    DataType type;
+};
+
+struct TranslatedQuery
+{
+    std::string sql; // parameters as ?1, ?2, ... in the order of their declaration
+    std::vector<DeclaredParameter> parameters;
+    // The one table of a query that can be written through; the identity of its row is then the last column
+    // of the result, behind those that were asked for. Empty for any other query.
+    std::string table;
+};
+
+// "PARAMETERS [Name] Type, ...;" declares parameters of the types Long, Integer, Double, String; behind it
+// "[Name]" is one of them, or a name of the database in brackets. Without ORDER BY, rows come in the order of
+// insertion: of the one table, or into the table that a join's first column names by its key. Throws 3075.
+[[nodiscard]] TranslatedQuery translateQuery(std::string_view jetSql);
+
+} // namespace dao

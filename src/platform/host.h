@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/runtimeError.h"
+
+#include <cstdint>
+#include <string>
+
+namespace platform {
+
+enum class Icon : std::uint8_t
+{
+    None,
+    Information,
+    Exclamation,
+    Question,
+    Critical
+};
+enum class Buttons : std::uint8_t
+{
+    Ok,
+    YesNo
+};
+enum class Answer : std::uint8_t
+{
+    Ok,
+    Yes,
+    No
+};
+
+// Numbers of the mouse pointers in use.
+enum Pointer : int
+{
+    pointerDefault = 0,
+    pointerHourglass = 11
+};
+
+// What the core tells the operator. The main screen implements it; tests watch it and answer.
+class Host
+{
+public:
+    virtual ~Host() = default;
+
+    // Shows a modal box and returns the button that ended it. An empty title stands for none.
+    virtual Answer msgBox(const std::string& text, Buttons buttons, Icon icon, const std::string& title) = 0;
+    virtual void beep() = 0;
+    virtual void setPointer(int pointer) = 0;
+    // The list box of the screen that shows the lines of a load or of a check.
+    virtual void clearErrorLines() = 0;
+    virtual void addErrorLine(const std::string& line) = 0;
+};
+
+// The one host of the process. Before the first setHost there is none: telling it anything is failure 91.
+[[nodiscard]] Host& host();
+// Not owned; null for none.
+void setHost(Host* newHost);
+
+// A plain box with an OK button and no title.
+void showMessage(const std::string& text);
+// The default pointer, then the general error message.
+void showFailure(const RuntimeError& failure);
+
+} // namespace platform

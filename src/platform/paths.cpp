@@ -1,0 +1,174 @@
+#include "platform/paths.h"
+
+#include "platform/runtimeError.h"
+
+#include <cerrno>
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace platform {
+
+namespace {
+
+std::string givenDirectory;
+
+std::string withoutLastSeparator(std::string_view path)
+{
+    while (path.size() > 1 && (path.back() == '/' || path.back() == '\\'))
+        path.remove_suffix(1);
+    return std::string(path);
+}
+
+#ifdef _WIN32
+
+std::filesystem::path programFile()
+{
+    std::wstring name(32768, L'\0'); // the longest path that the host knows
+    name.resize(GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size())));
+    return name;
+}
+
+void flushFile(const std::filesystem::path& file)
+{
+    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+        raise(errPathFileAccess);
+    const bool done = FlushFileBuffers(handle) != 0;
+    CloseHandle(handle);
+    if (!done)
+        raise(errDeviceIo);
+}
+
+// The host keeps folder entries by itself.
+void flushFolder(const std::filesystem::path&) {}
+
+#else
+
+std::filesystem::path programFile()
+{
+    return std::filesystem::read_symlink("/proc/self/exe");
+}
+
+bool isDriveLetter(char character)
+{
+    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
+}
+
+bool isSeparator(char character)
+{
+    return character == '\\' || character == '/';
+}
+
+bool hasDrive(std::string_view path)
+{
+    return path.size() >= 3 && isDriveLetter(path[0]) && path[1] == ':' && isSeparator(path[2]);
+}
+
+std::filesystem::path driveFolder(char letter)
+{
+    const auto lower = static_cast<char>(letter | 0x20);
+    auto folder = std::filesystem::path(programDirectory()) / "drives" / std::string(1, lower);
+    std::error_code notThere;
+    if (!std::filesystem::is_directory(folder, notThere))
+        raise(errPathNotFound);
+    return folder;
+}
+
+std::filesystem::path pathOnDrive(std::string_view path)
+{
+    auto result = driveFolder(path[0]);
+    path.remove_prefix(3);
+    while (!path.empty()) {
+        const auto end = path.find_first_of("\\/");
+        const auto name = path.substr(0, end);
+        // A drive is closed: no name leads out of its folder.
+        if (name == "." || name == "..")
+            raise(errPathNotFound);
+        if (!name.empty())
+            result /= name;
+        path.remove_prefix(end == std::string_view::npos ? path.size() : end + 1);
+    }
+    return result;
+}
+
+// A file or folder of the host that is open for reading alone.
+class ReadHandle
+{
+public:
+    ReadHandle(const std::filesystem::path& path, int flags) : m_handle(open(path.c_str(), flags | O_CLOEXEC))
+    {}
+    ~ReadHandle()
+    {
+        if (isOpen())
+            close(m_handle);
+    }
+    ReadHandle(const ReadHandle&) = delete;
+    ReadHandle& operator=(const ReadHandle&) = delete;
+
+    [[nodiscard]] bool isOpen() const { return m_handle >= 0; }
+    // False when the disk failed; what the host can't put on a disk at all, a pipe say, counts as done.
+    [[nodiscard]] bool sync() const { return fsync(m_handle) == 0 || errno == EINVAL || errno == ENOTSUP; }
+
+private:
+    int m_handle;
+};
+
+[[noreturn]] void raiseSyncFailure()
+{
+    raise(errno == ENOSPC || errno == EDQUOT ? errDiskFull : errDeviceIo);
+}
+
+void flushFile(const std::filesystem::path& file)
+{
+    const ReadHandle handle(file, O_RDONLY);
+    if (!handle.isOpen())
+        raise(errno == ENOENT || errno == ENOTDIR ? errFileNotFound : errPathFileAccess);
+    if (!handle.sync())
+        raiseSyncFailure();
+}
+
+void flushFolder(const std::filesystem::path& folder)
+{
+    const ReadHandle handle(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
+    // A folder may be written without leave to list it; its entry then can't be flushed.
+    if (handle.isOpen() && !handle.sync())
+        raiseSyncFailure();
+}
+
+#endif
+
+} // namespace
+
+std::string programDirectory()
+{
+    static const std::string ownDirectory = programFile().parent_path().string();
+    return givenDirectory.empty() ? ownDirectory : givenDirectory;
+}
+
+void setProgramDirectory(std::string_view path)
+{
+    givenDirectory = withoutLastSeparator(path);
+}
+
+std::filesystem::path hostPath(std::string_view path)
+{
+#ifdef _WIN32
+    return std::filesystem::path(std::u8string(path.begin(), path.end()));
+#else
+    return hasDrive(path) ? pathOnDrive(path) : std::filesystem::path(path);
+#endif
+}
+
+void flushToDisk(const std::filesystem::path& file)
+{
+    flushFile(file);
+    flushFolder(file.parent_path());
+}
+
+} // namespace platform

@@ -1,0 +1,133 @@
+#include "loadFixture.h"
+
+#include "platform/paths.h"
+#include "support/faultyFiles.h"
+
+#include <sqlite3.h>
+
+namespace {
+
+using FailingLoad = LoadFixture;
+
+std::string times(int count, const std::string& text)
+{
+    std::string all;
+    for (int number = 0; number < count; ++number)
+        all += text;
+    return all;
+}
+
+} // namespace
+
+struct Fatal
+{
+    const char* name;
+    std::string lines; // of the second notice
+    int number;
+};
+
+class FatalNotice : public LoadFixture, public testing::WithParamInterface<Fatal>
+{};
+
+INSTANTIATE_TEST_SUITE_P(
+    With, FatalNotice,
+    testing::Values(Fatal{"seventhCallSign", times(7, "t_call_sign=A\r\n"), 9},
+                    Fatal{"sixteenthAntenna", times(16, "<ANTENNA>\r\n</ANTENNA>\r\n"), 9},
+                    Fatal{"twelfthCoordination", "<COORD>\r\n" + times(12, "t_adm=A\r\n") + "</COORD>\r\n",
+                          9},
+                    Fatal{"endOfFileInASection", "<ANTENNA>\r\n<NOTICE>\r\n", 62},
+                    Fatal{"equalsSignBehindPosition32767", std::string(32767, 'a') + "=\r\n", 6},
+                    Fatal{"frequencyTooLarge", "t_freq_assgn=1E999\r\n", 6},
+                    Fatal{"degreesTooLarge", "t_long=+9E93045\r\n", 6}),
+    [](const auto& row) { return row.param.name; });
+
+TEST_P(FatalNotice, EndsTheLoadUncaughtWithEveryEarlierNoticeCommitted)
+{
+    EXPECT_FAILURE(GetParam().number, load(head() + assignment() + notice(GetParam().lines) + assignment()));
+    EXPECT_TRUE(host.messages.empty());
+    session::db.reset(); // as the end of the process
+    EXPECT_EQ(work.count("kvr_velda"), 1);
+    EXPECT_EQ(work.scalar("PRAGMA integrity_check"), "ok");
+}
+
+TEST_F(FailingLoad, TheNoticeAfter32767OverflowsItsNumber)
+{
+    // Notices that fail to be stored are counted all the same, and quickly.
+    work.execute("DROP TABLE kvr_velda");
+    EXPECT_FAILURE(6, load(head() + times(32768, notice(""))));
+    EXPECT_EQ(std::count(host.messages.begin(), host.messages.end(),
+                         "There has been a database error - no updates in the database"),
+              32767);
+}
+
+TEST_F(FailingLoad, WithoutAWorkingDatabaseEachNoticeFailsAndTheEndIsUncaught)
+{
+    std::filesystem::remove(work.path());
+    EXPECT_FAILURE(91, load(head() + assignment()));
+    const std::string unset = "Error 91 : Object variable or With block variable not set";
+    // The open, then of the one notice: the search, the drawing of its key, and its row.
+    EXPECT_EQ(host.messages, (Texts{"Error 3024 : Could not find file '" + work.path() + "'.", unset, unset,
+                                    unset, "There has been a database error - no updates in the database"}));
+    EXPECT_FALSE(std::filesystem::exists(work.path()));
+}
+
+TEST_F(FailingLoad, AMissingNoticeFileIsAFailureOfTheCaller)
+{
+    session::electFileName = work.folder().file("nothing.txt");
+    EXPECT_FAILURE(53, readNtcAndWriteToDB::openElectFile(session::notice));
+}
+
+TEST_F(FailingLoad, AFailedSearchIsShownAndTheNoticeIsStored)
+{
+    load(head() + assignment());
+    work.execute("ALTER TABLE kvr_geo_pt RENAME COLUMN lat_ns TO lat_xy");
+    load(head() + notice("t_action=ADD\r\n"));
+    EXPECT_EQ(work.count("kvr_velda"), 2);
+    ASSERT_FALSE(host.messages.empty());
+    EXPECT_EQ(host.messages[0].substr(0, 11), "Error 3061 ");
+    EXPECT_EQ(session::dbStatus, "");
+}
+
+TEST_F(FailingLoad, ADiskThatFillsUpLosesNothingThatWasCommitted)
+{
+    const FaultyFiles files;
+    for (const int write : {20, 50, 100, 200}) {
+        const WorkingDatabase fresh;
+        host.messages.clear();
+        session::dbStatus.clear();
+        session::electFileName = work.folder().write("notices.txt", head() + times(10, assignment()));
+        FaultyFiles::failWrite(write, SQLITE_FULL, true);
+        readNtcAndWriteToDB::openElectFile(session::notice);
+        readNtcAndWriteToDB::loadElectFile(session::notice, fresh.path());
+        FaultyFiles::heal();
+        const auto failed = std::count(host.messages.begin(), host.messages.end(),
+                                       "There has been a database error - no updates in the database");
+        EXPECT_EQ(fresh.count("kvr_velda"), 10 - failed) << "write " << write;
+        EXPECT_EQ(fresh.count("kvr_geo_pt"), 10 - failed) << "write " << write;
+        EXPECT_EQ(fresh.scalar("PRAGMA integrity_check"), "ok");
+    }
+}
+
+TEST_F(FailingLoad, ALockedDatabaseShowsItsMessageAndTheBoxForEachNotice)
+{
+    const auto other = work.open();
+    const auto lock = dao::DBEngine::Workspaces(0);
+    const auto rows = other->OpenRecordset("SELECT veldakey FROM kvr_keys", dao::dbOpenDynaset);
+    load(head() + assignment());
+    rows->Close();
+    EXPECT_EQ(work.count("kvr_velda"), 0);
+    EXPECT_EQ(host.messages, (Texts{"Error 3045 : Could not use '" + work.path() + "'; file already in use.",
+                                    "There has been a database error - no updates in the database"}));
+}
+
+TEST_F(FailingLoad, AFailedCopyOfTheMasterGoesOnIntoWhateverFileStandsThere)
+{
+    load(head() + assignment());
+    const TemporaryFolder withoutMaster;
+    platform::setProgramDirectory(withoutMaster.path().string());
+    MainModule::copyMasterDatabase(work.path());
+    platform::setProgramDirectory("");
+    load(head() + assignment());
+    EXPECT_EQ(host.messages, Texts{"Error 53 : File not found"});
+    EXPECT_EQ(work.count("kvr_velda"), 2);
+}

@@ -1,0 +1,131 @@
+#include "platform/paths.h"
+
+#include "platform/runtimeError.h"
+#include "support/temporaryFolder.h"
+
+#include <filesystem>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace platform;
+namespace fs = std::filesystem;
+
+int failureOf(const std::function<void()>& action)
+{
+    try {
+        action();
+    } catch (const RuntimeError& failure) {
+        return failure.number;
+    }
+    return 0;
+}
+
+class Paths : public testing::Test
+{
+protected:
+    void SetUp() override { setProgramDirectory(folder.path().string()); }
+    void TearDown() override { setProgramDirectory(""); }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(Paths, ofTheProgramIsTheFolderOfTheRunningFile)
+{
+    setProgramDirectory("");
+    const auto own = programDirectory();
+    EXPECT_TRUE(fs::is_directory(own));
+    EXPECT_NE(own.back(), '/');
+#ifndef _WIN32
+    EXPECT_EQ(own, fs::read_symlink("/proc/self/exe").parent_path().string());
+#endif
+}
+
+TEST_F(Paths, ofTheProgramCanBeGiven)
+{
+    EXPECT_EQ(programDirectory(), folder.path().string());
+    setProgramDirectory(folder.path().string() + "/");
+    EXPECT_EQ(programDirectory(), folder.path().string());
+    setProgramDirectory("/");
+    EXPECT_EQ(programDirectory(), "/");
+}
+
+#ifndef _WIN32
+
+TEST_F(Paths, withADriveLeadIntoTheDrivesFolder)
+{
+    const auto drive = folder.path() / "drives" / "m";
+    fs::create_directories(drive);
+    const struct
+    {
+        const char* path;
+        fs::path expected;
+    } rows[] = {
+        {R"(m:\a\b.txt)", drive / "a" / "b.txt"},
+        {R"(M:\a\b.txt)", drive / "a" / "b.txt"},
+        {"m:/a/b.txt", drive / "a" / "b.txt"},
+        {R"(m:\a/b\c.txt)", drive / "a" / "b" / "c.txt"},
+        {R"(m:\a\\b.txt)", drive / "a" / "b.txt"},
+        {R"(m:\A b.TXT)", drive / "A b.TXT"},
+        {R"(m:\a\)", drive / "a"},
+        {R"(m:\)", drive},
+        {R"(m:\..a)", drive / "..a"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(hostPath(row.path), row.expected) << row.path;
+        EXPECT_EQ(hostPath(row.path).string().find('\\'), std::string::npos) << row.path;
+    }
+}
+
+TEST_F(Paths, withADriveFollowALinkedFolder)
+{
+    fs::create_directories(folder.path() / "drives");
+    fs::create_directory(folder.path() / "share");
+    fs::create_directory_symlink(folder.path() / "share", folder.path() / "drives" / "m");
+    EXPECT_EQ(hostPath(R"(m:\a)"), folder.path() / "drives" / "m" / "a");
+}
+
+TEST_F(Paths, onADriveThatIsNotThereAreNotFound)
+{
+    EXPECT_EQ(failureOf([] { static_cast<void>(hostPath(R"(m:\a)")); }), 76);
+    fs::create_directories(folder.path() / "drives" / "n");
+    EXPECT_EQ(failureOf([] { static_cast<void>(hostPath(R"(m:\a)")); }), 76);
+    folder.write("drives/m", "a file is no drive");
+    EXPECT_EQ(failureOf([] { static_cast<void>(hostPath(R"(m:\a)")); }), 76);
+}
+
+TEST_F(Paths, neverLeaveTheirDrive)
+{
+    fs::create_directories(folder.path() / "drives" / "m");
+    for (const char* path :
+         {R"(m:\..)", R"(m:\..\n)", R"(m:\a\..\..\b)", R"(m:\.)", "m:/a/../b", R"(m:\a\.\b)"})
+        EXPECT_EQ(failureOf([&] { static_cast<void>(hostPath(path)); }), 76) << path;
+}
+
+TEST_F(Paths, withoutADriveAreThoseOfTheHost)
+{
+    for (const char* path : {"/tmp/a.txt", "a.txt", "../a.txt", "", "mm:/a", "m:", "1:/a", R"(a\b)"})
+        EXPECT_EQ(hostPath(path).string(), path);
+}
+
+#endif
+
+TEST_F(Paths, areFlushedToTheDisk)
+{
+    const auto path = folder.write("a.txt", "a");
+    EXPECT_EQ(failureOf([&] { flushToDisk(path); }), 0);
+    EXPECT_EQ(folder.read("a.txt"), "a");
+    EXPECT_NE(failureOf([&] { flushToDisk(folder.path() / "missing.txt"); }), 0);
+}
+
+TEST_F(Paths, areFlushedInTheCurrentFolderToo)
+{
+    const auto before = fs::current_path();
+    fs::current_path(folder.path());
+    folder.write("a.txt", "a");
+    EXPECT_EQ(failureOf([] { flushToDisk("a.txt"); }), 0);
+    fs::current_path(before);
+}
+
+} // namespace

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/host.h"
+
+#include <deque>
+#include <string>
+#include <vector>
+
+// A host that writes down what it was told, and answers from a queue. It is the process's host while it
+// lives.
+class FakeHost : public platform::Host
+{
+public:
+    FakeHost();
+    ~FakeHost() override;
+    FakeHost(const FakeHost&) = delete;
+    FakeHost& operator=(const FakeHost&) = delete;
+
+    platform::Answer msgBox(const std::string& text, platform::Buttons buttons, platform::Icon icon,
+                            const std::string& title) override;
+    void beep() override { ++beeps; }
+    void setPointer(int pointer) override { pointers.push_back(pointer); }
+    void clearErrorLines() override { errorLines.clear(); }
+    void addErrorLine(const std::string& line) override { errorLines.push_back(line); }
+
+    std::vector<std::string> messages;    // the text of each box
+    std::deque<platform::Answer> answers; // for boxes with Yes and No; one that finds none is a test failure
+    std::vector<int> pointers;
+    std::vector<std::string> errorLines;
+    int beeps = 0;
+};

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "dao/dao.h"
+#include "support/temporaryFolder.h"
+
+#include <string>
+#include <vector>
+
+// A fresh working database in a folder of its own, and a look into it past the engine.
+class WorkingDatabase
+{
+public:
+    WorkingDatabase();
+
+    [[nodiscard]] const std::string& path() const { return m_path; }
+    [[nodiscard]] const TemporaryFolder& folder() const { return m_folder; }
+    [[nodiscard]] dao::Ref<dao::Database> open(bool readOnly = false) const;
+
+    // Through bare SQLite.
+    void execute(const std::string& sql) const;
+    // Rows as text, columns parted by "|", Null as "(null)".
+    [[nodiscard]] std::vector<std::string> rows(const std::string& sql) const;
+    [[nodiscard]] std::string scalar(const std::string& sql) const;
+    [[nodiscard]] int count(const std::string& table) const;
+
+private:
+    TemporaryFolder m_folder;
+    std::string m_path;
+};
+
+// The names of all tables of a working database but for the counters.
+[[nodiscard]] const std::vector<std::string>& noticeTables();
+
+// Expects a statement to throw RuntimeError with the number.
+#define EXPECT_FAILURE(number_, statement)                                                                   \
+    try {                                                                                                    \
+        statement;                                                                                           \
+        ADD_FAILURE() << "no failure: " #statement;                                                          \
+    } catch (const platform::RuntimeError& failure_) {                                                       \
+        EXPECT_EQ(failure_.number, number_) << failure_.what();                                              \
+    }
