@@ -75,7 +75,7 @@ void listNotices()
 
 std::string save()
 {
-    const auto fileName = readNtcAndWriteToDB::updateFileOf(session::workingDbPath);
+    auto fileName = readNtcAndWriteToDB::updateFileOf(session::workingDbPath);
     MainModule::openDatabase(false, session::workingDbPath, session::db);
     writeNtcToElect::writeElectFile(fileName, session::db);
     MainModule::closeDatabase(session::db);

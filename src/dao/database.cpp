@@ -31,6 +31,7 @@ std::vector<Column> columnsOf(sqlite3_stmt* statement, bool withIdentity)
 {
     std::vector<Column> columns;
     const int count = sqlite3_column_count(statement) - (withIdentity ? 1 : 0);
+    columns.reserve(static_cast<std::size_t>(count));
     for (int column = 0; column < count; ++column)
         columns.push_back({sqlite3_column_name(statement, column),
                            declaredType(sqlite3_column_decltype(statement, column))});
@@ -50,7 +51,8 @@ std::string quotedName(std::string_view name)
 
 std::string insertText(const TableInfo& table)
 {
-    std::string names, marks;
+    std::string names;
+    std::string marks;
     for (const auto& column : table.columns) {
         names += (names.empty() ? "" : ", ") + quotedName(column.name);
         marks += marks.empty() ? "?" : ", ?";

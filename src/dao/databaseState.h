@@ -141,7 +141,7 @@ struct Recordset::State
 struct QueryDef::State
 {
     std::shared_ptr<Database::State> database;
-    CompiledQuery* query;
+    CompiledQuery* query = nullptr;
     std::vector<std::optional<Value>> values;
 };
 

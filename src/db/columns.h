@@ -24,8 +24,8 @@ enum class Reading : std::uint8_t
 template <class Record>
 struct Row
 {
-    const char* column;
-    std::string Record::*member;
+    const char* column = nullptr;
+    std::string Record::*member = nullptr;
     Reading reading = Reading::Trim;
 };
 

@@ -4,7 +4,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <type_traits>
+#include <utility>
 
 // A fixed array of sub-records that knows which of its slots may have been written since they were last
 // emptied. A notice has room for some 14,000 strings and uses a few dozen: emptying and copying look at the
@@ -22,7 +22,7 @@ public:
     Slots() = default;
     ~Slots() = default;
     Slots(const Slots& other) { *this = other; }
-    Slots(Slots&& other) noexcept { *this = static_cast<const Slots&>(other); }
+    Slots(Slots&& other) noexcept { *this = std::move(other); }
 
     Slots& operator=(const Slots& other)
     {
@@ -35,7 +35,21 @@ public:
         m_touched = other.m_touched;
         return *this;
     }
-    Slots& operator=(Slots&& other) noexcept { return *this = static_cast<const Slots&>(other); }
+    // What is left in the other's touched slots is unspecified, and they stay touched.
+    Slots& operator=(Slots&& other) noexcept
+    {
+        if (this == &other)
+            return *this;
+        for (std::uint32_t rest = m_touched | other.m_touched; rest != 0; rest &= rest - 1) {
+            const auto slot = static_cast<std::size_t>(std::countr_zero(rest));
+            if ((other.m_touched >> slot & 1U) != 0)
+                m_slots[slot] = std::move(other.m_slots[slot]);
+            else
+                m_slots[slot] = T{};
+        }
+        m_touched = other.m_touched;
+        return *this;
+    }
 
     [[nodiscard]] T& operator[](std::size_t slot)
     {
