@@ -62,6 +62,10 @@ int applicationIdOf(sqlite3* connection)
 
 Connection openAnyFile(const std::string& path, int flags)
 {
+    // Nobody asks how much memory is in use, and each allocation would take a lock to count it. It can be
+    // said only before the first connection; afterwards the request is refused and nothing changes.
+    static const int memoryStatistics = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+    static_cast<void>(memoryStatistics);
     // A name that begins with "file:" would be taken for something else than a name.
     const auto name = path.starts_with("file:") ? "./" + path : path;
     sqlite3* handle = nullptr;

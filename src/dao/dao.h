@@ -133,6 +133,11 @@ public:
     // everything on the disk and leaves one single file.
     void beginBulkLoad();
 
+    // From now until endReading all that is read is one state of the file, which nobody else can change
+    // meanwhile. False, and nothing to end, when that holds already.
+    bool beginReading();
+    void endReading() noexcept;
+
     struct State;
     explicit Database(std::shared_ptr<State> state);
     ~Database();
@@ -141,6 +146,27 @@ public:
 
 private:
     std::shared_ptr<State> m_state;
+};
+
+// Many queries that read one state of the file, under one lock instead of one each. Where it can't be had,
+// the queries themselves tell why.
+class ReadScope
+{
+public:
+    explicit ReadScope(const Ref<Database>& database)
+        : m_database(database), m_begun(database && database->beginReading())
+    {}
+    ~ReadScope()
+    {
+        if (m_begun)
+            m_database->endReading();
+    }
+    ReadScope(const ReadScope&) = delete;
+    ReadScope& operator=(const ReadScope&) = delete;
+
+private:
+    Ref<Database> m_database;
+    bool m_begun;
 };
 
 // A result with a current row. Rows of a query without ORDER BY come in the order of insertion. A dynaset of
@@ -164,7 +190,7 @@ public:
 
     // Sets a column of the row being edited or added: 3020 without Edit or AddNew, 3265 for an unknown name,
     // 3421 for a value that can't be converted.
-    void setCollect(std::string_view name, const Value& value);
+    void setCollect(std::string_view name, Value value);
 
     void AddNew();
     void Edit();

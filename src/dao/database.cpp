@@ -3,6 +3,7 @@
 #include "platform/ansiText.h"
 
 #include <algorithm>
+#include <cassert>
 #include <utility>
 
 namespace dao {
@@ -38,36 +39,16 @@ std::vector<Column> columnsOf(sqlite3_stmt* statement, bool withIdentity)
     return columns;
 }
 
-std::string quotedName(std::string_view name)
-{
-    std::string quoted = "\"";
-    for (const char sign : name) {
-        quoted += sign;
-        if (sign == '"')
-            quoted += sign;
-    }
-    return quoted + '"';
-}
-
-std::string insertText(const TableInfo& table)
-{
-    std::string names;
-    std::string marks;
-    for (const auto& column : table.columns) {
-        names += (names.empty() ? "" : ", ") + quotedName(column.name);
-        marks += marks.empty() ? "?" : ", ?";
-    }
-    return "INSERT INTO " + quotedName(table.name) + " (" + names + ") VALUES (" + marks + ")";
-}
-
 } // namespace
 
-std::size_t columnPosition(const std::vector<Column>& columns, std::string_view name)
+std::size_t columnPosition(const std::vector<Column>& columns, std::string_view name, std::size_t& lastFound)
 {
-    for (std::size_t position = 0; position < columns.size(); ++position) {
+    auto position = lastFound;
+    for (std::size_t looked = 0; looked < columns.size(); ++looked) {
+        position = position + 1 < columns.size() ? position + 1 : 0;
         const auto& candidate = columns[position].name;
         if (candidate == name || (candidate.size() == name.size() && platform::equalNoCase(candidate, name)))
-            return position;
+            return lastFound = position;
     }
     raiseEngineError(errNoSuchItem);
 }
@@ -104,12 +85,16 @@ void Database::State::close()
         return;
     m_workspace->databases.remove(this);
     while (!recordsets.empty())
-        recordsets.front()->release();
-    m_queries.clear();
+        recordsets.back()->release();
     m_tables.clear();
-    m_writeStatements.clear();
+    m_queries.clear();
+    m_loadLock.reset();
     if (begun)
         rollback();
+    if (m_reading)
+        endReading();
+    m_begin.reset();
+    m_commit.reset();
     const auto connection = std::move(m_connection);
     if (std::exchange(m_bulkLoad, false))
         endBulkLoad(connection.get());
@@ -139,35 +124,38 @@ Statement Database::State::takeStatement(CompiledQuery& compiled) const
 
 TableInfo& Database::State::table(std::string_view name)
 {
-    auto* const connection = handle();
+    static_cast<void>(handle());
     if (const auto known = m_tables.find(name); known != m_tables.end())
         return known->second;
     TableInfo table;
     table.name = name;
-    const auto whole = prepare(connection, "SELECT * FROM " + quotedName(name));
-    table.columns = columnsOf(whole.get(), false);
-    table.insert = prepare(connection, insertText(table));
+    table.rows = &query("SELECT * FROM [" + table.name + "]");
+    table.columns = table.rows->columns;
     return m_tables.emplace(std::string(name), std::move(table)).first->second;
 }
 
-sqlite3_stmt* Database::State::writeStatement(const std::string& sql)
+int Database::State::runKept(Statement& kept, const char* sql) const
 {
-    auto& statement = m_writeStatements[sql];
-    if (!statement)
-        statement = prepare(handle(), sql);
-    return statement.get();
+    if (!kept)
+        kept = prepare(handle(), sql);
+    const int result = sqlite3_step(kept.get());
+    sqlite3_reset(kept.get());
+    return result == SQLITE_DONE ? SQLITE_OK : result;
 }
 
 void Database::State::beginWrite()
 {
-    auto* const connection = handle();
+    static_cast<void>(handle());
     if (readOnly)
         raiseEngineError(errReadOnly);
     if (doom)
         throw platform::RuntimeError(*doom);
+    assert(!m_reading && "nothing is written under a reading scope");
     if (!m_workspace->inTransaction || begun)
         return;
-    execute(connection, "BEGIN IMMEDIATE");
+    const int result = runKept(m_begin, "BEGIN IMMEDIATE");
+    if (result != SQLITE_OK)
+        fail(result);
     begun = true;
 }
 
@@ -200,7 +188,7 @@ void Database::State::commit()
 {
     if (!begun)
         return;
-    const int result = sqlite3_exec(handle(), "COMMIT", nullptr, nullptr, nullptr);
+    const int result = runKept(m_commit, "COMMIT");
     if (result != SQLITE_OK)
         fail(result);
     begun = false;
@@ -214,8 +202,15 @@ void Database::State::rollback()
     if (!std::exchange(begun, false))
         return;
     // Where the engine has ended the transaction by itself, there is nothing left to roll back.
-    if (m_connection && sqlite3_get_autocommit(m_connection.get()) == 0)
+    if (!m_connection)
+        return;
+    // After a grave error the engine recovers the file when its last reader has gone.
+    if (m_loadLock)
+        sqlite3_reset(m_loadLock.get());
+    if (sqlite3_get_autocommit(m_connection.get()) == 0)
         execute(m_connection.get(), "ROLLBACK");
+    if (m_loadLock)
+        sqlite3_step(m_loadLock.get());
 }
 
 void Database::State::beginBulkLoad()
@@ -229,6 +224,25 @@ void Database::State::beginBulkLoad()
                  nullptr, nullptr, nullptr);
     m_bulkLoad = true;
     m_nextStatistics = m_rowsWritten + firstStatistics;
+    // A query that is never finished keeps the lock of a reader between two transactions: the journal stays
+    // open, and nobody can put another file's content in the place of this one half way.
+    m_loadLock = prepare(handle(), "SELECT 1 FROM sqlite_schema");
+    sqlite3_step(m_loadLock.get());
+}
+
+bool Database::State::beginReading()
+{
+    if (!m_connection || sqlite3_get_autocommit(m_connection.get()) == 0)
+        return false;
+    m_reading = sqlite3_exec(m_connection.get(), "BEGIN", nullptr, nullptr, nullptr) == SQLITE_OK;
+    return m_reading;
+}
+
+void Database::State::endReading() noexcept
+{
+    m_reading = false;
+    if (m_connection && sqlite3_get_autocommit(m_connection.get()) == 0)
+        sqlite3_exec(m_connection.get(), "COMMIT", nullptr, nullptr, nullptr);
 }
 
 void Database::State::renewStatistics()
@@ -270,8 +284,7 @@ Ref<Recordset> Database::OpenRecordset(std::string_view source, RecordsetType ty
     if (type == dbOpenDynaset)
         return CreateQueryDef({}, source)->OpenRecordset(type);
     auto& table = m_state->table(source);
-    auto& query = m_state->query("SELECT * FROM [" + table.name + "]");
-    auto state = std::make_unique<Recordset::State>(m_state, query, std::vector<Value>{});
+    auto state = std::make_unique<Recordset::State>(m_state, *table.rows, std::vector<Value>{});
     state->table = &table;
     return Ref(std::make_shared<Recordset>(std::move(state)));
 }
@@ -285,6 +298,16 @@ void Database::Close()
 void Database::beginBulkLoad()
 {
     m_state->beginBulkLoad();
+}
+
+bool Database::beginReading()
+{
+    return m_state->beginReading();
+}
+
+void Database::endReading() noexcept
+{
+    m_state->endReading();
 }
 
 } // namespace dao

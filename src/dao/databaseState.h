@@ -18,8 +18,10 @@ struct Column
     DataType type;
 };
 
-// The position of a column by its name without regard to case; 3265 for an unknown one.
-[[nodiscard]] std::size_t columnPosition(const std::vector<Column>& columns, std::string_view name);
+// The position of a column by its name without regard to case; 3265 for an unknown one. The search begins
+// behind the column that was found last, for columns are mostly named in their order.
+[[nodiscard]] std::size_t columnPosition(const std::vector<Column>& columns, std::string_view name,
+                                         std::size_t& lastFound);
 
 // A query by its text, with the statements that are not in use.
 struct CompiledQuery
@@ -34,7 +36,11 @@ struct TableInfo
 {
     std::string name;
     std::vector<Column> columns;
-    Statement insert; // all columns, in order
+    CompiledQuery* rows = nullptr; // all of them
+    // Prepared when first needed.
+    Statement insertion;                            // of all columns, in order
+    std::map<std::vector<bool>, Statement> updates; // by the columns that they set
+    Statement deletion;
 };
 
 struct Workspace::State
@@ -57,9 +63,6 @@ struct Database::State
     CompiledQuery& query(std::string_view jetSql);
     [[nodiscard]] Statement takeStatement(CompiledQuery& compiled) const;
     TableInfo& table(std::string_view name);
-    // A statement of this file alone, run by runWrite.
-    sqlite3_stmt* writeStatement(const std::string& sql);
-
     // Must be called before each write, and before a row is read that is going to be written.
     void beginWrite();
     // Runs a statement that writes one row, and clears it.
@@ -73,14 +76,18 @@ struct Database::State
     void rollback();
 
     void beginBulkLoad();
+    bool beginReading();
+    void endReading() noexcept;
 
     std::string path;
     bool readOnly;
     bool begun = false;                         // the transaction has begun on this file
     std::optional<platform::RuntimeError> doom; // why it can no longer be committed
-    std::list<Recordset::State*> recordsets;    // the open ones
+    std::vector<Recordset::State*> recordsets;  // the open ones
 
 private:
+    // A statement without parameters and rows, kept in `kept`.
+    int runKept(Statement& kept, const char* sql) const;
     void renewStatistics();
     void endBulkLoad(sqlite3* connection) const;
 
@@ -89,8 +96,9 @@ private:
     std::shared_ptr<Workspace::State> m_workspace;
     std::unordered_map<std::string, CompiledQuery> m_queries;
     std::map<std::string, TableInfo, std::less<>> m_tables;
-    std::unordered_map<std::string, Statement> m_writeStatements;
+    Statement m_begin, m_commit, m_loadLock;
     bool m_bulkLoad = false;
+    bool m_reading = false;
     std::int64_t m_rowsWritten = 0;
     std::int64_t m_nextStatistics = 0;
 };
@@ -135,7 +143,8 @@ struct Recordset::State
     std::size_t row = 0;      // number of the current row, from 0
     std::int32_t visited = 0; // rows
     Editing editing = Editing::None;
-    std::vector<std::optional<Value>> buffer; // of the table's columns; nothing where it was not assigned
+    std::vector<std::optional<Value>> buffer;   // of the table's columns; nothing where it was not assigned
+    std::size_t lastRead = 0, lastAssigned = 0; // columns
 };
 
 struct QueryDef::State

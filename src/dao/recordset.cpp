@@ -26,6 +26,60 @@ void bind(sqlite3_stmt* statement, int place, const Value& value)
         value.variant());
 }
 
+std::string quotedName(std::string_view name)
+{
+    std::string quoted = "\"";
+    for (const char sign : name) {
+        quoted += sign;
+        if (sign == '"')
+            quoted += sign;
+    }
+    return quoted += '"';
+}
+
+sqlite3_stmt* insertionOf(TableInfo& table, sqlite3* connection)
+{
+    if (!table.insertion) {
+        std::string names;
+        std::string marks;
+        for (const auto& column : table.columns) {
+            names += (names.empty() ? "" : ", ") + quotedName(column.name);
+            marks += marks.empty() ? "?" : ", ?";
+        }
+        table.insertion = prepare(connection, "INSERT INTO " + quotedName(table.name) + " (" + names +
+                                                  ") VALUES (" + marks + ")");
+    }
+    return table.insertion.get();
+}
+
+// Sets the assigned columns of a row.
+sqlite3_stmt* updateOf(TableInfo& table, const std::vector<std::optional<Value>>& buffer, sqlite3* connection)
+{
+    std::vector<bool> assigned;
+    assigned.reserve(buffer.size());
+    for (const auto& value : buffer)
+        assigned.push_back(value.has_value());
+    auto& statement = table.updates[assigned];
+    if (!statement) {
+        std::string assignments;
+        for (std::size_t column = 0; column < assigned.size(); ++column) {
+            if (assigned[column])
+                assignments +=
+                    (assignments.empty() ? "" : ", ") + quotedName(table.columns[column].name) + " = ?";
+        }
+        statement = prepare(connection,
+                            "UPDATE " + quotedName(table.name) + " SET " + assignments + " WHERE rowid = ?");
+    }
+    return statement.get();
+}
+
+sqlite3_stmt* deletionOf(TableInfo& table, sqlite3* connection)
+{
+    if (!table.deletion)
+        table.deletion = prepare(connection, "DELETE FROM " + quotedName(table.name) + " WHERE rowid = ?");
+    return table.deletion.get();
+}
+
 std::vector<DataType> typesOf(const CompiledQuery& query)
 {
     std::vector<DataType> types;
@@ -42,7 +96,7 @@ Recordset::State::State(std::shared_ptr<Database::State> owner, CompiledQuery& c
                         std::vector<Value> parameterValues)
     : database(std::move(owner)), query(&compiledQuery), parameters(std::move(parameterValues))
 {
-    database->recordsets.push_front(this);
+    database->recordsets.push_back(this);
 }
 
 Recordset::State::~State()
@@ -60,7 +114,10 @@ void Recordset::State::release()
         query->idle.push_back(std::move(statement));
     }
     rows.reset();
-    database->recordsets.remove(this);
+    // Mostly the one opened last.
+    const auto place = std::find(database->recordsets.rbegin(), database->recordsets.rend(), this);
+    *place = database->recordsets.back();
+    database->recordsets.pop_back();
     query = nullptr;
 }
 
@@ -172,29 +229,22 @@ void Recordset::State::beginChange()
 
 void Recordset::State::writeAddition()
 {
-    auto& target = *table;
     database->beginWrite();
-    auto* const insert = target.insert.get();
+    auto* const insertion = insertionOf(*table, database->handle());
     for (std::size_t column = 0; column < buffer.size(); ++column) {
         if (buffer[column])
-            bind(insert, static_cast<int>(column) + 1, *buffer[column]);
+            bind(insertion, static_cast<int>(column) + 1, *buffer[column]);
     }
-    database->runWrite(insert);
+    database->runWrite(insertion);
 }
 
 void Recordset::State::writeChange()
 {
-    const auto& target = *table;
-    std::string assignments;
-    for (std::size_t column = 0; column < buffer.size(); ++column) {
-        if (buffer[column])
-            assignments += (assignments.empty() ? "\"" : ", \"") + target.columns[column].name + "\" = ?";
-    }
-    if (assignments.empty())
+    const auto isAssigned = [](const auto& value) { return value.has_value(); };
+    if (std::none_of(buffer.begin(), buffer.end(), isAssigned))
         return;
     database->beginWrite();
-    auto* const update =
-        database->writeStatement("UPDATE \"" + target.name + "\" SET " + assignments + " WHERE rowid = ?");
+    auto* const update = updateOf(*table, buffer, database->handle());
     int place = 0;
     for (const auto& value : buffer) {
         if (value)
@@ -260,13 +310,14 @@ Value Recordset::Fields(std::string_view name)
 {
     m_state->ensureOpen();
     if (m_state->editing != State::Editing::None) {
-        const auto& written = m_state->buffer[columnPosition(m_state->table->columns, name)];
+        const auto& written =
+            m_state->buffer[columnPosition(m_state->table->columns, name, m_state->lastAssigned)];
         if (written)
             return *written;
         if (m_state->editing == State::Editing::Adding)
             return Null;
     }
-    return Fields(columnPosition(m_state->query->columns, name));
+    return Fields(columnPosition(m_state->query->columns, name, m_state->lastRead));
 }
 
 Value Recordset::Fields(std::size_t position)
@@ -286,13 +337,14 @@ std::vector<std::string> Recordset::fieldNames() const
     return names;
 }
 
-void Recordset::setCollect(std::string_view name, const Value& value)
+void Recordset::setCollect(std::string_view name, Value value)
 {
     m_state->ensureOpen();
     if (m_state->editing == State::Editing::None)
         raiseEngineError(errUpdateWithoutEdit);
-    const auto position = columnPosition(m_state->table->columns, name);
-    m_state->buffer[position] = value.convertedTo(m_state->table->columns[position].type);
+    const auto& columns = m_state->table->columns;
+    const auto position = columnPosition(columns, name, m_state->lastAssigned);
+    m_state->buffer[position] = std::move(value).convertedTo(columns[position].type);
 }
 
 void Recordset::AddNew()
@@ -323,11 +375,10 @@ void Recordset::Update(UpdateType, bool)
 
 void Recordset::Delete()
 {
-    const auto& target = writableTable(*m_state);
+    auto* const statement = deletionOf(writableTable(*m_state), m_state->database->handle());
     m_state->requireRow();
     auto& database = *m_state->database;
     database.beginWrite();
-    auto* const statement = database.writeStatement("DELETE FROM \"" + target.name + "\" WHERE rowid = ?");
     sqlite3_bind_int64(statement, 1, m_state->rowIdentity());
     database.runWrite(statement);
     m_state->editing = State::Editing::None;

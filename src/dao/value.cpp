@@ -4,6 +4,8 @@
 #include "platform/ansiText.h"
 #include "platform/numberText.h"
 
+#include <utility>
+
 namespace dao {
 
 namespace {
@@ -38,7 +40,7 @@ Value rounded(double number, DataType type)
 
 } // namespace
 
-std::string Value::text() const
+std::string Value::text() const&
 {
     return std::visit(Overloaded{
                           [](NullValue) -> std::string { raiseEngineError(errInvalidUseOfNull); },
@@ -47,6 +49,12 @@ std::string Value::text() const
                           [](auto number) { return platform::integerText(number); },
                       },
                       m_value);
+}
+
+std::string Value::text() &&
+{
+    auto* const held = std::get_if<std::string>(&m_value);
+    return held != nullptr ? std::move(*held) : std::as_const(*this).text();
 }
 
 std::int32_t Value::toLong() const
@@ -65,7 +73,13 @@ std::int32_t Value::toLong() const
                       m_value);
 }
 
-Value Value::convertedTo(DataType type) const
+Value Value::convertedTo(DataType type) &&
+{
+    const bool textAlready = type == DataType::dbText && std::holds_alternative<std::string>(m_value);
+    return textAlready ? std::move(*this) : std::as_const(*this).convertedTo(type);
+}
+
+Value Value::convertedTo(DataType type) const&
 {
     if (isNull())
         return *this;

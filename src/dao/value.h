@@ -35,14 +35,16 @@ public:
 
     [[nodiscard]] bool isNull() const { return std::holds_alternative<NullValue>(m_value); }
     // The value as text, numbers by the number-to-text rule. Null throws RuntimeError 94.
-    [[nodiscard]] std::string text() const;
+    [[nodiscard]] std::string text() const&;
+    [[nodiscard]] std::string text() &&;
     // The value as a 32-bit integer. Null throws RuntimeError 94, text that is no number 13, a number out of
     // range 6.
     [[nodiscard]] std::int32_t toLong() const;
 
     // The value as a column of the type stores it: a number is rounded to it, text is read as a number. Null
     // stays. Throws RuntimeError 3421 when it can't be converted.
-    [[nodiscard]] Value convertedTo(DataType type) const;
+    [[nodiscard]] Value convertedTo(DataType type) const&;
+    [[nodiscard]] Value convertedTo(DataType type) &&;
 
     [[nodiscard]] const auto& variant() const { return m_value; }
     bool operator==(const Value&) const = default;

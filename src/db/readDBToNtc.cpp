@@ -71,7 +71,7 @@ RecordsetRef openQuery(const DatabaseRef& database, const char* text, std::int32
     return query->OpenRecordset(dbOpenDynaset);
 }
 
-std::string converted(const std::string& text, Reading reading)
+std::string converted(std::string text, Reading reading)
 {
     switch (reading) {
     case Reading::Upper:
@@ -85,15 +85,16 @@ std::string converted(const std::string& text, Reading reading)
     case Reading::MinSec:
         return padMinSec(text);
     default:
-        return ScreenModule::trimText(text);
+        // Hardly any value has blanks around it.
+        return text.starts_with(' ') || text.ends_with(' ') ? ScreenModule::trimText(text) : text;
     }
 }
 
 void readText(const RecordsetRef& rows, const char* column, Reading reading, std::string& member)
 {
-    const auto value = rows->Fields(column);
+    auto value = rows->Fields(column);
     if (!value.isNull())
-        member = converted(value.text(), reading);
+        member = converted(std::move(value).text(), reading);
 }
 
 template <class Record, std::size_t Count>
@@ -214,6 +215,7 @@ bool readNtc(std::int32_t key, Ntc& ntc, const DatabaseRef& database)
 {
     bool found = false;
     MainModule::markingFailure([&] {
+        const dao::ReadScope scope(database);
         const auto rows = openQuery(database, noticeQuery, key);
         if (rows->RecordCount() != 1) {
             rows->Close();

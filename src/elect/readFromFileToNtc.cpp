@@ -228,7 +228,6 @@ struct NoticeReading
     Ntc& ntc;
     std::size_t nextCallSign = 0, nextNatSrv = 0, nextOpAgcy = 0, nextAntenna = 0;
     NtcCoord coord;
-    NtcAntenna antenna;
 };
 
 // Keys of a notice whose values don't go into one member each.
@@ -334,10 +333,13 @@ void takeNoticeTag(NoticeReading& reading)
         readCoordFromFile(reading.coord);
         reading.ntc.coord = reading.coord;
     } else if (isOpening(antennaTag)) {
-        InitializeNtc::initAntenna(reading.antenna);
+        // Kept between notices: to make one with its thousand strings costs more than to empty what was
+        // written.
+        static NtcAntenna antenna;
+        InitializeNtc::initAntenna(antenna);
         advance();
-        readAntennaFromFile(reading.antenna);
-        takeSlot(reading.ntc.antenna, reading.nextAntenna) = reading.antenna;
+        readAntennaFromFile(antenna);
+        takeSlot(reading.ntc.antenna, reading.nextAntenna) = antenna;
     }
 }
 
@@ -539,7 +541,8 @@ void readAntennaFromFile(NtcAntenna& antenna)
     std::size_t nextRot = 0;
     std::size_t nextStation = 0;
     NtcRot rot; // like the station, it repeats what the section before it gave and it does not give itself
-    NtcRx station;
+    static NtcRx station;
+    InitializeNtc::initRx(station);
     readSection(
         antennaTag, antennaTag, [&](const KeyLine& line) { storeByKey(antennaIndex, line, antenna); },
         [&] {

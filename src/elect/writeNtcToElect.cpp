@@ -67,6 +67,7 @@ void writeElectFile(const std::string& fileName, const dao::Ref<dao::Database>& 
     platform::openForOutput(fileNumber, fileName);
     const FileCloser closer;
     printComments();
+    const dao::ReadScope scope(database);
     std::int16_t count = 0;
     bool headWritten = false;
     InitializeNtc::initNtc(session::notice);

@@ -25,6 +25,8 @@ struct Formats
 {
     Formatter shortDate, longTime;
     std::string separator, order, ending;
+    mutable CalendarDay lastDay;
+    mutable std::string lastDateText;
 };
 
 std::optional<LocalTime> standingClock;
@@ -299,7 +301,14 @@ void setHostLocale(std::string_view name)
 
 std::string shortDateText(const LocalTime& moment)
 {
-    return formatted(*hostFormats().shortDate, moment);
+    // A load asks for the date of the day with each notice.
+    const auto& formats = hostFormats();
+    const CalendarDay day{moment.year, moment.month, moment.day};
+    if (formats.lastDay != day) {
+        formats.lastDateText = formatted(*formats.shortDate, moment);
+        formats.lastDay = day;
+    }
+    return formats.lastDateText;
 }
 
 std::string longTimeText(const LocalTime& moment)

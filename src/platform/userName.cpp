@@ -56,7 +56,11 @@ std::string accountName()
 
 std::string hostUserName()
 {
-    return givenName ? *givenName : accountName();
+    if (givenName)
+        return *givenName;
+    // A load asks for it with each notice, and the account of a process stays.
+    static const auto name = accountName();
+    return name;
 }
 
 void setHostUserName(std::optional<std::string> name)

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+// What is measured, and which measurements are set against one another at the end.
+namespace registry {
+
+struct Measure
+{
+    std::string name;
+    benchmark::TimeUnit unit;
+    std::function<void(benchmark::State&)> run;
+    int iterations = 0; // 0: as many as the library takes
+    int repetitions = 3;
+};
+
+void add(const Measure& measure);
+
+struct Ratio
+{
+    std::string label;
+    std::string above, below; // names of measures
+    double target = 0;        // 0: none
+};
+
+void compare(const Ratio& ratio);
+
+// The medians of the CPU time of all that ran, set against one another where both sides of a ratio ran.
+void runAll();
+
+// Of each file: registers its measures.
+void addLoad();
+void addOpening();
+void addWriting();
+void addList();
+void addRecord();
+
+} // namespace registry
