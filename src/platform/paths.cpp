@@ -2,6 +2,7 @@
 
 #include "platform/runtimeError.h"
 
+#include <algorithm>
 #include <cerrno>
 
 #ifdef _WIN32
@@ -161,7 +162,11 @@ std::filesystem::path hostPath(std::string_view path)
 #ifdef _WIN32
     return std::filesystem::path(std::u8string(path.begin(), path.end()));
 #else
-    return hasDrive(path) ? pathOnDrive(path) : std::filesystem::path(path);
+    if (hasDrive(path))
+        return pathOnDrive(path);
+    std::string local(path);
+    std::replace(local.begin(), local.end(), '\\', '/');
+    return local;
 #endif
 }
 

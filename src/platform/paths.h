@@ -13,8 +13,9 @@ namespace platform {
 void setProgramDirectory(std::string_view path);
 
 // Where the host keeps what the system names so. On a host without drive letters a path "m:\a\b" leads into
-// the folder "drives/m" of the program's directory when somebody made or linked one there, and a backslash
-// parts names. Throws RuntimeError 76 for a drive that is not there. On Windows the path itself.
+// the folder "drives/m" of the program's directory when somebody made or linked one there. A backslash always
+// parts names, so that none ever gets into one. Throws RuntimeError 76 for a drive that is not there. On
+// Windows the path itself.
 [[nodiscard]] std::filesystem::path hostPath(std::string_view path);
 
 // Reads nothing; throws what openForInput throws when the file can't be opened for reading.

@@ -2,6 +2,7 @@
 
 #include "elect/noticeLoop.h"
 #include "platform/runtimeError.h"
+#include "support/failures.h"
 #include "support/temporaryFolder.h"
 
 #include <functional>
@@ -52,16 +53,6 @@ private:
 };
 
 // The number of the failure that an action ends with, 0 for none.
-inline int failureOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const platform::RuntimeError& failure) {
-        return failure.number;
-    }
-    return 0;
-}
-
 // What a whole file gave: its notices up to the end or up to the failure that stopped it.
 struct Outcome
 {

@@ -2,6 +2,7 @@
 
 #include "platform/hostFormat.h"
 #include "platform/runtimeError.h"
+#include "support/failures.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -11,16 +12,6 @@
 namespace {
 
 using namespace ScreenModule;
-
-int failureOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const platform::RuntimeError& failure) {
-        return failure.number;
-    }
-    return 0;
-}
 
 class ValueChecks : public testing::Test
 {

@@ -2,6 +2,7 @@
 
 #include "platform/paths.h"
 #include "platform/runtimeError.h"
+#include "support/failures.h"
 #include "support/temporaryFolder.h"
 
 #include <filesystem>
@@ -19,16 +20,6 @@ namespace {
 using namespace platform;
 
 constexpr std::size_t largeSize = 64 * 1024; // of what is read from a file at once
-
-int failureOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const RuntimeError& failure) {
-        return failure.number;
-    }
-    return 0;
-}
 
 class FileNumbers : public testing::Test
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dao/dao.h"
+#include "support/failures.h"
 #include "support/temporaryFolder.h"
 
 #include <string>
@@ -30,12 +31,3 @@ private:
 
 // The names of all tables of a working database but for the counters.
 [[nodiscard]] const std::vector<std::string>& noticeTables();
-
-// Expects a statement to throw RuntimeError with the number.
-#define EXPECT_FAILURE(number_, statement)                                                                   \
-    try {                                                                                                    \
-        statement;                                                                                           \
-        ADD_FAILURE() << "no failure: " #statement;                                                          \
-    } catch (const platform::RuntimeError& failure_) {                                                       \
-        EXPECT_EQ(failure_.number, number_) << failure_.what();                                              \
-    }
