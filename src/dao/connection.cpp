@@ -89,7 +89,7 @@ Connection openConnection(const std::string& path, bool readOnly)
     std::error_code ignored;
     if (!std::filesystem::exists(file, ignored))
         raiseEngineError(errFileMissing, path);
-    auto connection = openAnyFile(file.string(), SQLITE_OPEN_READWRITE);
+    auto connection = openAnyFile(platform::utf8Path(file), SQLITE_OPEN_READWRITE);
     distrust(connection.get());
     // Wiping what was deleted, the default of some builds of the library, costs time and protects no secret
     // here.

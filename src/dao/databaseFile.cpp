@@ -56,8 +56,8 @@ void replaceFile(const fs::path& source, const fs::path& target)
 // file that the engine can take a lock on.
 bool replaceThroughEngine(const fs::path& source, const fs::path& target)
 {
-    const auto from = openAnyFile(source.string(), SQLITE_OPEN_READWRITE);
-    const auto onto = openAnyFile(target.string(), SQLITE_OPEN_READWRITE);
+    const auto from = openAnyFile(platform::utf8Path(source), SQLITE_OPEN_READWRITE);
+    const auto onto = openAnyFile(platform::utf8Path(target), SQLITE_OPEN_READWRITE);
     sqlite3_db_config(onto.get(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     int result = sqlite3_exec(onto.get(), "BEGIN IMMEDIATE; ROLLBACK", nullptr, nullptr, nullptr);
     if ((result & 0xff) == SQLITE_BUSY)

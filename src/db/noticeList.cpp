@@ -25,12 +25,12 @@ std::string buildNoticeQuery(const std::string& whereClause, Sort sort)
 void loadNoticeKeys(const dao::Ref<dao::Recordset>& rows)
 {
     session::keyCount = 0;
-    session::keyArray.clear();
     if (rows->RecordCount() < 1)
         return;
     rows->MoveLast();
     session::keyCount = rows->RecordCount();
     rows->MoveFirst();
+    session::keyArray.clear();
     session::keyArray.reserve(static_cast<std::size_t>(session::keyCount));
     for (; !rows->EOF_(); rows->MoveNext())
         session::keyArray.push_back(rows->Fields("veldakey").toLong());

@@ -170,6 +170,12 @@ std::filesystem::path hostPath(std::string_view path)
 #endif
 }
 
+std::string utf8Path(const std::filesystem::path& path)
+{
+    const auto text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
 void flushToDisk(const std::filesystem::path& file)
 {
     flushFile(file);

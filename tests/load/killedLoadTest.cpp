@@ -113,7 +113,7 @@ TEST_F(KilledLoad, LosesNoCommittedNoticeAndLeavesNoHalfOne)
         // The notice that was told is about to be stored: those before it are committed.
         const int notices = work.count("kvr_velda");
         EXPECT_GE(notices, told - 1);
-        EXPECT_LE(notices, told);
+        EXPECT_LE(notices, std::max(told, 1)) << "the first is stored without a word";
         EXPECT_TRUE(allWhole());
         EXPECT_EQ(work.scalar("PRAGMA integrity_check"), "ok");
         EXPECT_EQ(work.scalar("SELECT veldakey FROM kvr_keys"), std::to_string(notices + 1));
