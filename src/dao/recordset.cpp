@@ -8,22 +8,28 @@ namespace dao {
 
 namespace {
 
-void bind(sqlite3_stmt* statement, int place, const Value& value)
+// The caller's value must outlive the step.
+void bind(Database::State& database, sqlite3_stmt* statement, int place, const Value& value)
 {
-    std::visit(
+    const int result = std::visit(
         [statement, place](const auto& held) {
             using Held = std::decay_t<decltype(held)>;
             if constexpr (std::is_same_v<Held, NullValue>)
-                sqlite3_bind_null(statement, place);
+                return sqlite3_bind_null(statement, place);
             else if constexpr (std::is_same_v<Held, double>)
-                sqlite3_bind_double(statement, place, held);
+                return sqlite3_bind_double(statement, place, held);
             else if constexpr (std::is_same_v<Held, std::string>)
-                // The caller's value outlives the step.
-                sqlite3_bind_text64(statement, place, held.data(), held.size(), SQLITE_STATIC, SQLITE_UTF8);
+                return sqlite3_bind_text64(statement, place, held.data(), held.size(), SQLITE_STATIC,
+                                           SQLITE_UTF8);
             else
-                sqlite3_bind_int(statement, place, held);
+                return sqlite3_bind_int(statement, place, held);
         },
         value.variant());
+    if (result == SQLITE_OK)
+        return;
+    // A text too long for the engine: nothing of the row may stay bound.
+    sqlite3_clear_bindings(statement);
+    database.fail(result);
 }
 
 std::string quotedName(std::string_view name)
@@ -133,7 +139,7 @@ void Recordset::State::start()
         statement = database->takeStatement(*query);
     sqlite3_reset(statement.get());
     for (std::size_t index = 0; index < parameters.size(); ++index)
-        bind(statement.get(), static_cast<int>(index) + 1, parameters[index]);
+        bind(*database, statement.get(), static_cast<int>(index) + 1, parameters[index]);
     started = true;
     atEnd = false;
     row = static_cast<std::size_t>(-1);
@@ -233,7 +239,7 @@ void Recordset::State::writeAddition()
     auto* const insertion = insertionOf(*table, database->handle());
     for (std::size_t column = 0; column < buffer.size(); ++column) {
         if (buffer[column])
-            bind(insertion, static_cast<int>(column) + 1, *buffer[column]);
+            bind(*database, insertion, static_cast<int>(column) + 1, *buffer[column]);
     }
     database->runWrite(insertion);
 }
@@ -248,7 +254,7 @@ void Recordset::State::writeChange()
     int place = 0;
     for (const auto& value : buffer) {
         if (value)
-            bind(update, ++place, *value);
+            bind(*database, update, ++place, *value);
     }
     sqlite3_bind_int64(update, ++place, rowIdentity());
     database->runWrite(update);

@@ -342,6 +342,29 @@ TEST_F(Recordset, AKeyThatStandsAlreadyIsADuplicate)
     EXPECT_FAILURE(3022, rows->Update(dbUpdateRegular, false));
 }
 
+TEST_F(Recordset, ATextTooLongForTheEngineIsRefusedAndTheNextRowIsRight)
+{
+    const auto rows = database->OpenRecordset("kvr_rmks", dbOpenTable);
+    rows->AddNew();
+    rows->setCollect("veldakey", 1);
+    rows->setCollect("rmk_text", std::string(65 * 1024 * 1024, 'x'));
+    EXPECT_FAILURE(3035, rows->Update(dbUpdateRegular, false));
+    rows->AddNew();
+    rows->setCollect("rmk_text", std::string(20 * 1024 * 1024, 'y'));
+    rows->Update(dbUpdateRegular, false);
+    EXPECT_EQ(work.rows("SELECT veldakey, length(rmk_text) FROM kvr_rmks"), Texts{"(null)|20971520"});
+}
+
+TEST_F(Recordset, TextWithTheCode0InItComesBackWhole)
+{
+    const std::string text("a\0b", 3);
+    addCallSigns({text});
+    const auto rows = query(callSignsOfOne);
+    EXPECT_EQ(rows->Fields("call_sign").text(), text);
+    rows->MoveLast();
+    EXPECT_EQ(rows->Fields("call_sign").text(), text);
+}
+
 TEST_F(Recordset, AClosedObjectIsNoLongerSet)
 {
     addCallSigns({"A"});
