@@ -39,6 +39,15 @@ std::vector<Column> columnsOf(sqlite3_stmt* statement, bool withIdentity)
     return columns;
 }
 
+// Names of columns; the first look spares most comparisons.
+bool isSameName(std::string_view candidate, std::string_view name)
+{
+    constexpr char caseBit = 0x20;
+    return candidate.size() == name.size() && !name.empty() &&
+           (candidate.front() | caseBit) == (name.front() | caseBit) &&
+           (candidate == name || platform::equalNoCase(candidate, name));
+}
+
 } // namespace
 
 std::size_t columnPosition(const std::vector<Column>& columns, std::string_view name, std::size_t& lastFound)
@@ -46,8 +55,7 @@ std::size_t columnPosition(const std::vector<Column>& columns, std::string_view 
     auto position = lastFound;
     for (std::size_t looked = 0; looked < columns.size(); ++looked) {
         position = position + 1 < columns.size() ? position + 1 : 0;
-        const auto& candidate = columns[position].name;
-        if (candidate == name || (candidate.size() == name.size() && platform::equalNoCase(candidate, name)))
+        if (isSameName(columns[position].name, name))
             return lastFound = position;
     }
     raiseEngineError(errNoSuchItem);
@@ -103,14 +111,13 @@ void Database::State::close()
 CompiledQuery& Database::State::query(std::string_view jetSql)
 {
     auto* const connection = handle();
-    std::string text(jetSql);
-    if (const auto known = m_queries.find(text); known != m_queries.end())
+    if (const auto known = m_queries.find(jetSql); known != m_queries.end())
         return known->second;
     CompiledQuery compiled;
     compiled.text = translateQuery(jetSql);
     compiled.idle.push_back(prepare(connection, compiled.text.sql));
     compiled.columns = columnsOf(compiled.idle.back().get(), !compiled.text.table.empty());
-    return m_queries.emplace(std::move(text), std::move(compiled)).first->second;
+    return m_queries.emplace(std::string(jetSql), std::move(compiled)).first->second;
 }
 
 Statement Database::State::takeStatement(CompiledQuery& compiled) const

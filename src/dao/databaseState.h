@@ -23,6 +23,13 @@ struct Column
 [[nodiscard]] std::size_t columnPosition(const std::vector<Column>& columns, std::string_view name,
                                          std::size_t& lastFound);
 
+// Lets a map be asked with a view, without making a string.
+struct TextHash
+{
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+};
+
 // A query by its text, with the statements that are not in use.
 struct CompiledQuery
 {
@@ -94,7 +101,7 @@ private:
     // The connection stands before the statements: those must go first.
     Connection m_connection;
     std::shared_ptr<Workspace::State> m_workspace;
-    std::unordered_map<std::string, CompiledQuery> m_queries;
+    std::unordered_map<std::string, CompiledQuery, TextHash, std::equal_to<>> m_queries;
     std::map<std::string, TableInfo, std::less<>> m_tables;
     Statement m_begin, m_commit, m_loadLock;
     bool m_bulkLoad = false;

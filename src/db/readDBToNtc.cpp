@@ -150,7 +150,9 @@ void readPoints(std::int32_t geoKey, NtcGeo& geo, const DatabaseRef& database)
 void readAntennaRows(std::int32_t key, Ntc& ntc, const DatabaseRef& database)
 {
     const auto rows = openQuery(database, antennasQuery, key);
-    NtcAntenna antenna;
+    // Kept from one reading to the next: to make one with its thousand strings costs more than to empty it.
+    static NtcAntenna antenna;
+    InitializeNtc::initAntenna(antenna);
     for (std::size_t slot = 0; !rows->EOF_(); rows->MoveNext()) {
         antenna.present = true;
         readColumns(rows, columns::ant, antenna);
@@ -168,8 +170,10 @@ void readAntennaRows(std::int32_t key, Ntc& ntc, const DatabaseRef& database)
 void readStations(const RecordsetRef& rows, bool withNoiseTemperature, NtcAntenna& antenna,
                   const DatabaseRef& database)
 {
-    NtcRx station;
-    NtcGeo site;
+    static NtcRx station;
+    static NtcGeo site;
+    InitializeNtc::initRx(station);
+    InitializeNtc::initGeo(site);
     for (std::size_t slot = 0; !rows->EOF_(); rows->MoveNext()) {
         station.present = true;
         if (withNoiseTemperature)
@@ -228,7 +232,7 @@ bool readNtc(std::int32_t key, Ntc& ntc, const DatabaseRef& database)
         if (geoKey != 0) {
             NtcGeo site;
             readGeo(geoKey, site, database);
-            ntc.geo = site;
+            ntc.geo = std::move(site);
         }
         if (targetKey != 0)
             readTarget(targetKey, ntc, database);

@@ -9,7 +9,6 @@
 #include <cstddef>
 
 using namespace keyTables;
-using ScreenModule::makeKeyLine;
 
 namespace writeOneNtcElect {
 namespace {
@@ -20,6 +19,16 @@ void addLine(std::string& text, std::string_view line)
 {
     text += line;
     text += lineEnd;
+}
+
+// Most of a file goes through here: the line is put together where it stands.
+void addKeyLine(std::string& text, std::string_view key, std::string_view value)
+{
+    if (value.empty())
+        return;
+    text += key;
+    text += '=';
+    addLine(text, value);
 }
 
 std::string valueForFile(const std::string& value, Form form)
@@ -43,8 +52,12 @@ void addKeys(std::string& text, const Record& record, const std::array<KeyRow<Re
 {
     for (const auto& row : table) {
         const std::string& value = record.*row.member;
-        if (row.run == run && !value.empty())
-            text += makeKeyLine(row.key, valueForFile(value, row.form));
+        if (row.run != run || value.empty())
+            continue;
+        if (row.form == Form::Time || row.form == Form::Date)
+            addKeyLine(text, row.key, valueForFile(value, row.form));
+        else
+            addKeyLine(text, row.key, value);
     }
 }
 
@@ -53,7 +66,7 @@ std::string listLines(std::string_view key, const List& list)
 {
     std::string text;
     for (const auto& value : list)
-        text += makeKeyLine(key, value);
+        addKeyLine(text, key, value);
     return text;
 }
 
@@ -77,14 +90,10 @@ std::string coordinate(bool plus, const std::string& degrees, std::string_view m
     return digits.empty() ? digits : (plus ? "+" : "-") + digits;
 }
 
-std::string longLine(const NtcGeoPt& point)
+void addPosition(std::string& text, const NtcGeoPt& point)
 {
-    return makeKeyLine(longKey, longToFile(point.long_ew, point.long_deg, point.long_min, point.long_sec));
-}
-
-std::string latLine(const NtcGeoPt& point)
-{
-    return makeKeyLine(latKey, latToFile(point.lat_ns, point.lat_deg, point.lat_min, point.lat_sec));
+    addKeyLine(text, longKey, longToFile(point.long_ew, point.long_deg, point.long_min, point.long_sec));
+    addKeyLine(text, latKey, latToFile(point.lat_ns, point.lat_deg, point.lat_min, point.lat_sec));
 }
 
 template <class... Parts>
@@ -175,7 +184,7 @@ std::string headBlock(const Ntc& ntc)
 {
     std::string text;
     addLine(text, headTag.opening);
-    text += makeKeyLine(admKey, ntc.adm);
+    addKeyLine(text, admKey, ntc.adm);
     addLine(text, headTag.closing);
     return text;
 }
@@ -206,15 +215,16 @@ std::string targetBlock(const NtcTarget& target)
 {
     std::string text;
     addKeys(text, target, targetKeys, Run::BeforeZone);
-    text += makeKeyLine(targetZoneWrittenKey, target.trg_zone_id);
+    addKeyLine(text, targetZoneWrittenKey, target.trg_zone_id);
     addKeys(text, target, targetKeys, Run::BeforeCoordinates);
     // A position without seconds is not written.
     if (allGiven(target.trg_long_deg, target.trg_long_min, target.trg_long_sec, target.trg_long_ew))
-        text += makeKeyLine(targetLongKey, longToFile(target.trg_long_ew, target.trg_long_deg,
-                                                      target.trg_long_min, target.trg_long_sec));
+        addKeyLine(
+            text, targetLongKey,
+            longToFile(target.trg_long_ew, target.trg_long_deg, target.trg_long_min, target.trg_long_sec));
     if (allGiven(target.trg_lat_deg, target.trg_lat_min, target.trg_lat_sec, target.trg_lat_ns))
-        text += makeKeyLine(targetLatKey, latToFile(target.trg_lat_ns, target.trg_lat_deg, target.trg_lat_min,
-                                                    target.trg_lat_sec));
+        addKeyLine(text, targetLatKey,
+                   latToFile(target.trg_lat_ns, target.trg_lat_deg, target.trg_lat_min, target.trg_lat_sec));
     addKeys(text, target, targetKeys, Run::Last);
     return text;
 }
@@ -224,8 +234,10 @@ std::string siteBlock(const NtcGeo& geo)
     std::string text;
     addKeys(text, geo, siteKeys);
     const NtcGeoPt& point = geo.pt[0];
-    if (point.present)
-        text += longLine(point) + latLine(point) + makeKeyLine(siteAltKey, point.site_alt);
+    if (point.present) {
+        addPosition(text, point);
+        addKeyLine(text, siteAltKey, point.site_alt);
+    }
     return text;
 }
 
@@ -277,11 +289,13 @@ std::string rxStationBlock(const NtcRx& rx)
 {
     std::string text;
     addLine(text, rxStationTag.opening);
-    text += makeKeyLine(noiseTempKey, rx.noise_temp);
-    if (rx.geo.geo_type == multipoint)
-        text += makeKeyLine(geoTypeKey, rx.geo.geo_type) + pointBlocks(rx.geo);
-    else
+    addKeyLine(text, noiseTempKey, rx.noise_temp);
+    if (rx.geo.geo_type == multipoint) {
+        addKeyLine(text, geoTypeKey, rx.geo.geo_type);
+        text += pointBlocks(rx.geo);
+    } else {
         text += siteBlock(rx.geo);
+    }
     addLine(text, rxStationTag.closing);
     return text;
 }
@@ -304,7 +318,7 @@ std::string pointBlocks(const NtcGeo& geo)
         if (!point.present)
             continue;
         addLine(text, pointTag.opening);
-        text += longLine(point) + latLine(point);
+        addPosition(text, point);
         addLine(text, pointTag.closing);
     }
     return text;
