@@ -98,6 +98,12 @@ void trimInPlace(std::string& text)
         text.erase(0, text.find_first_not_of(' '));
 }
 
+void readItem(std::string& item)
+{
+    platform::inputItem(fileNumber, item);
+    trimInPlace(item);
+}
+
 // Fails for a position that 16 bits can't hold. A character takes one byte or more.
 void checkPosition(std::string_view text, std::size_t byte)
 {
@@ -407,8 +413,8 @@ void closeGaps(NtcTarget& target, Record& record, const std::array<Pair<Record>,
 
 std::string readLine()
 {
-    std::string item = platform::inputItem(fileNumber);
-    trimInPlace(item);
+    std::string item;
+    readItem(item);
     return item;
 }
 
@@ -420,8 +426,7 @@ std::string tabsToBlanks(std::string& text)
 
 void advance()
 {
-    platform::inputItem(fileNumber, currentLine);
-    trimInPlace(currentLine);
+    readItem(currentLine);
     replaceTabs(currentLine);
 }
 
@@ -447,7 +452,7 @@ std::string longMin(std::string_view value)
 
 std::string longSec(std::string_view value)
 {
-    return platform::characterCount(value) == 6 ? std::string() : std::string(platform::mid(value, 7, 2));
+    return std::string(platform::mid(value, 7, 2)); // none in a value that ends with its minutes
 }
 
 std::string longEw(std::string_view value)
@@ -467,7 +472,7 @@ std::string latMin(std::string_view value)
 
 std::string latSec(std::string_view value)
 {
-    return platform::characterCount(value) == 5 ? std::string() : std::string(platform::mid(value, 6, 2));
+    return std::string(platform::mid(value, 6, 2));
 }
 
 std::string latNs(std::string_view value)

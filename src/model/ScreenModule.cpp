@@ -166,8 +166,6 @@ void splitDottedDate(std::string& text, std::string& year, std::string& month, s
 
 std::string formatDateDots(std::string_view text)
 {
-    if (text.empty())
-        return {};
     const auto day = platform::readDate(replaceAll(text, getIntlSetting("sdate"), "/"));
     if (!day)
         return std::string(text);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -294,7 +295,6 @@ void closeAllFiles()
         std::rethrow_exception(firstFailure);
 }
 
-// Stands here since it must meet the very failures of openForInput.
 void testReadable(const std::string& path)
 {
     openHandle(path, Mode::Input);

@@ -3,9 +3,8 @@
 #include <string>
 #include <string_view>
 
-// Text files by number, in the manner of the classic BASIC run-time. Text is Windows-1252 in the file and
-// UTF-8 here. Every routine throws RuntimeError: 52 for a number that is not open or open the other way, 53,
-// 55 (number already in use), 57, 61, 62, 70, 75, 76.
+// Text files by number. Text is Windows-1252 in the file and UTF-8 here. Every routine throws RuntimeError:
+// 52 for a number that is not open or open the other way, 53, 55 (number already in use), 57, 61, 62, 75, 76.
 namespace platform {
 
 void openForInput(int number, const std::string& path);
@@ -29,5 +28,8 @@ void printLine(int number, std::string_view text);
 // Closes the file; nothing for a number that is not open.
 void closeFile(int number);
 void closeAllFiles();
+
+// Reads nothing; throws what openForInput throws when the file can't be opened for reading.
+void testReadable(const std::string& path);
 
 } // namespace platform

@@ -1,13 +1,14 @@
 #include "platform/hostFormat.h"
 
 #include "platform/ansiText.h"
+#include "platform/runtimeError.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
 #include <memory>
-#include <stdexcept>
 #include <unicode/locid.h>
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
@@ -73,7 +74,7 @@ Formatter checkedFormatter(icu::DateFormat* format)
     std::unique_ptr<icu::DateFormat> owned(format);
     auto* const simple = dynamic_cast<icu::SimpleDateFormat*>(owned.get());
     if (simple == nullptr)
-        throw std::runtime_error("the host's date formats can't be read");
+        raise(errInvalidCall);
     Formatter formatter(simple);
     static_cast<void>(owned.release());
     // The moments to be formatted are local already.
@@ -215,8 +216,10 @@ std::optional<DatePart> takeNumber(std::string_view& text)
 {
     text = trimBlanks(text);
     DatePart part;
-    for (; part.digits < text.size() && text[part.digits] >= '0' && text[part.digits] <= '9'; ++part.digits)
-        part.value = part.digits < 4 ? part.value * 10 + (text[part.digits] - '0') : 0;
+    for (; part.digits < text.size() && part.digits <= 4 && text[part.digits] >= '0' &&
+           text[part.digits] <= '9';
+         ++part.digits)
+        part.value = part.value * 10 + (text[part.digits] - '0');
     if (part.digits == 0 || part.digits > 4)
         return std::nullopt;
     text = trimBlanks(text.substr(part.digits));
@@ -263,13 +266,31 @@ std::optional<CalendarDay> calendarDay(const DatePart& year, const DatePart& mon
     return result;
 }
 
-// Without what the host's own short date has behind its last field.
-std::string_view withoutEnding(std::string_view text, std::string_view ending)
+// Without what the host's own short date has behind its last field, also when its separators were replaced.
+std::string_view withoutEnding(std::string_view text, const Formats& formats)
 {
     text = trimBlanks(text);
-    if (!ending.empty() && text.ends_with(ending))
-        text.remove_suffix(ending.size());
-    return trimBlanks(text);
+    auto replaced = formats.ending;
+    if (const auto place = replaced.find(formats.separator); place != std::string::npos)
+        replaced.replace(place, formats.separator.size(), "/");
+    for (const std::string_view ending : {std::string_view(formats.ending), std::string_view(replaced)}) {
+        if (!ending.empty() && text.ends_with(ending))
+            return trimBlanks(text.substr(0, text.size() - ending.size()));
+    }
+    return text;
+}
+
+// Without a time of day, "h:mm" or "h:mm:ss", behind a blank.
+std::string_view withoutTime(std::string_view text)
+{
+    const auto blank = text.rfind(' ');
+    if (blank == std::string_view::npos)
+        return text;
+    const auto time = text.substr(blank + 1);
+    const auto colons = std::count(time.begin(), time.end(), ':');
+    const bool isTime = (colons == 1 || colons == 2) && time.front() != ':' && time.back() != ':' &&
+                        time.find_first_not_of("0123456789:") == std::string_view::npos;
+    return isTime ? trimBlanks(text.substr(0, blank)) : text;
 }
 
 } // namespace
@@ -324,7 +345,7 @@ std::string dateSeparator()
 std::optional<CalendarDay> readDate(std::string_view text)
 {
     const auto& formats = hostFormats();
-    const auto parts = threeNumbers(withoutEnding(text, formats.ending));
+    const auto parts = threeNumbers(withoutEnding(withoutTime(trimBlanks(text)), formats));
     if (!parts)
         return std::nullopt;
     const auto& [first, second, third] = *parts;

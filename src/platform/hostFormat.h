@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -35,9 +34,10 @@ void setHostLocale(std::string_view name);
 // The sign between the parts of a short date: "/", ".", "-".
 [[nodiscard]] std::string dateSeparator();
 
-// Reads three numbers parted by "/", "." or "-": year first when the first has four digits (or more than
-// two), otherwise in the host's order, or in the other order of day and month when only that gives a day of
-// the calendar. A year of two digits is 1930 to 2029. Nothing when the text is no date.
+// Reads three numbers parted by "/", "." or "-", with or without a time of day behind them: year first when
+// the first has more than two digits, otherwise in the host's order, or in the other order of day and month
+// when only that gives a day of the calendar. A year of two digits is 1930 to 2029. Nothing when the text is
+// no date.
 [[nodiscard]] std::optional<CalendarDay> readDate(std::string_view text);
 
 } // namespace platform

@@ -180,12 +180,10 @@ double readNumber(std::string_view text)
 
 std::string numberText(double number)
 {
-    if (std::isnan(number))
-        return "-1.#IND";
-    if (std::isinf(number))
-        return number < 0 ? "-1.#INF" : "1.#INF";
-    if (number == 0) // minus zero has no sign
-        return "0";
+    // Only a database from elsewhere can hold such a number; its text is none, and is refused where one is
+    // read.
+    if (!std::isfinite(number))
+        return number < 0 ? "-inf" : "inf";
     return (number < 0 ? "-" : "") + magnitudeText(std::abs(number));
 }
 

@@ -4,8 +4,7 @@
 #include <string>
 #include <string_view>
 
-// Numbers as text and text as numbers, by the rules of the classic BASIC run-time and never by the host's
-// locale: the decimal sign is always a point.
+// Numbers as text and text as numbers, never by the host's locale: the decimal sign is always a point.
 namespace platform {
 
 // The numeric test: the whole text is an optional sign, digits with an optional decimal point (at least one

@@ -53,7 +53,11 @@ void flushFolder(const std::filesystem::path&) {}
 
 std::filesystem::path programFile()
 {
-    return std::filesystem::read_symlink("/proc/self/exe");
+    std::error_code failure;
+    auto file = std::filesystem::read_symlink("/proc/self/exe", failure);
+    if (failure)
+        raise(errPathNotFound);
+    return file;
 }
 
 bool isDriveLetter(char character)
@@ -148,8 +152,10 @@ void flushFolder(const std::filesystem::path& folder)
 
 std::string programDirectory()
 {
+    if (!givenDirectory.empty())
+        return givenDirectory;
     static const std::string ownDirectory = programFile().parent_path().string();
-    return givenDirectory.empty() ? ownDirectory : givenDirectory;
+    return ownDirectory;
 }
 
 void setProgramDirectory(std::string_view path)

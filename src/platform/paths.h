@@ -21,9 +21,6 @@ void setProgramDirectory(std::string_view path);
 // A path of the host in UTF-8, as libraries take it that know no wide characters.
 [[nodiscard]] std::string utf8Path(const std::filesystem::path& path);
 
-// Reads nothing; throws what openForInput throws when the file can't be opened for reading.
-void testReadable(const std::string& path);
-
 // Puts a file's content on the disk and its folder entry too, where the host can.
 void flushToDisk(const std::filesystem::path& file);
 

@@ -52,7 +52,6 @@ private:
     TemporaryFolder m_folder;
 };
 
-// The number of the failure that an action ends with, 0 for none.
 // What a whole file gave: its notices up to the end or up to the failure that stopped it.
 struct Outcome
 {

@@ -202,7 +202,7 @@ TEST(CoordinateParts, AreTakenByPosition)
     }
 }
 
-TEST(CoordinateParts, HaveNoSecondsOnlyAtOneExactLength)
+TEST(CoordinateParts, HaveAsManySecondsAsStandBehindTheMinutes)
 {
     EXPECT_EQ(longSec("+01230"), "");
     EXPECT_EQ(longSec("+012307"), "7");

@@ -37,8 +37,9 @@ protected:
 
 TEST_F(WriteElectFile, WithoutNoticesThereAreTheCommentsAndTheTailAlone)
 {
+    session::keyArray = {1, 2};
+    session::keyCount = 2;
     listNotices();
-    session::keyCount = 0;
     EXPECT_EQ(write(), comments + tail(" 0"));
 }
 
@@ -161,3 +162,30 @@ TEST_F(WriteElectFile, AFailedReadShowsItsMessageAndTheWriterGoesOn)
     EXPECT_NE(text.find("t_freq_assgn=151.3375"), std::string::npos);
     EXPECT_NE(text.find(tail(" 1")), std::string::npos);
 }
+
+TEST_F(WriteElectFile, TheCountHoldsThirtyTwoThousandNoticesAndOverflowsAtTheNext)
+{
+    load(head() + notice("t_action=ADD\r\n"));
+    session::keyArray.assign(32768, 1);
+    session::keyCount = 32767;
+    const auto whole = write();
+    EXPECT_EQ(whole.substr(whole.size() - tail(" 32767").size()), tail(" 32767"));
+    session::keyCount = 32768;
+    const auto reader = work.open();
+    EXPECT_FAILURE(6, writeNtcToElect::writeElectFile(work.folder().file("out.upd"), reader));
+    EXPECT_EQ(work.folder().read("out.upd").find("<TAIL>"), std::string::npos);
+}
+
+#ifndef _WIN32
+TEST_F(WriteElectFile, AFullDiskIsAFailureAlsoWhenItShowsAtTheVeryEnd)
+{
+    if (!std::filesystem::exists("/dev/full"))
+        GTEST_SKIP() << "the host has no disk that is always full";
+    std::filesystem::create_symlink("/dev/full", work.folder().path() / "out.upd");
+    load(head() + assignment());
+    listNotices();
+    const auto reader = work.open();
+    EXPECT_FAILURE(61, writeNtcToElect::writeElectFile(work.folder().file("out.upd"), reader));
+    platform::openForInput(1, work.path()); // the number is free
+}
+#endif

@@ -192,6 +192,10 @@ TEST_F(DatesInUse, areFormattedFromWhatTheHostReads)
         {"en_US", "2024-03-05", "05.03.2024"},
         {"de_DE", "1.2.0024", "01.02.0024"},
         {"de_DE", "31.12.9999", "31.12.9999"},
+        {"hu_HU", "2024. 03. 15.", "15.03.2024"},
+        {"ko_KR", "2024. 3. 15.", "15.03.2024"},
+        {"de_DE", "2024-03-05 00:00:00", "05.03.2024"},
+        {"de_DE", " 5.3.2024  9:07 ", "05.03.2024"},
     };
     for (const auto& row : rows) {
         platform::setHostLocale(row.locale);
@@ -199,10 +203,22 @@ TEST_F(DatesInUse, areFormattedFromWhatTheHostReads)
     }
 }
 
+TEST_F(DatesInUse, areReadFromTheHostsOwnShortDateWhateverTheHost)
+{
+    for (const char* locale :
+         {"C",     "en_US", "en_GB", "de_DE", "fr_CA", "hu_HU", "hr_HR", "bg_BG", "bs_BA", "sr_RS",
+          "ko_KR", "ja_JP", "lv_LV", "sk_SK", "fi_FI", "nl_NL", "sv_SE", "ru_RU", "mk_MK", "kk_KZ"}) {
+        platform::setHostLocale(locale);
+        const auto text = platform::shortDateText({2024, 3, 15, 0, 0, 0});
+        EXPECT_EQ(formatDateDots(text), "15.03.2024") << locale << ": " << text;
+    }
+}
+
 TEST_F(DatesInUse, stayAsTheyStandWhenTheyAreNone)
 {
     platform::setHostLocale("de_DE");
-    for (const char* text : {"soon", "31.02.2024", " ", "5.3", "20240305", "a.b/c"})
+    for (const char* text : {"soon", "31.02.2024", " ", "5.3", "20240305", "a.b/c", "5.3.2024 noon",
+                             "5.3.2024 9:", "1 March 2024"})
         EXPECT_EQ(formatDateDots(text), text);
 }
 

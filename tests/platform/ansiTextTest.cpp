@@ -103,6 +103,7 @@ TEST(AnsiText, hasAQuestionMarkForEachMalformedByte)
         {"\xC3(", "?("},
         {"\xC0\xAF", "??"},           // longer than needed
         {"\xE0\x80\x80", "???"},      // longer than needed
+        {"\xE0\x9F\xBF", "???"},      // by one bit
         {"\xED\xA0\x80", "???"},      // half of a pair
         {"\xF4\x90\x80\x80", "????"}, // beyond the last character
         {"\xFF\xFE", "??"},

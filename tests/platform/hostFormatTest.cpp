@@ -65,6 +65,14 @@ TEST_F(HostFormat, writesAYearOfFourDigitsInEveryLocaleAndReadsItBack)
     }
 }
 
+TEST_F(HostFormat, writesEachDayThoughOnlyTheMonthDiffers)
+{
+    setHostLocale("de_DE");
+    EXPECT_EQ(shortDateText({2024, 3, 5, 0, 0, 0}), "05.03.2024");
+    EXPECT_EQ(shortDateText({2024, 4, 5, 0, 0, 0}), "05.04.2024");
+    EXPECT_EQ(shortDateText({2025, 4, 5, 0, 0, 0}), "05.04.2025");
+}
+
 TEST_F(HostFormat, hasPlainBlanksThatTheCodePageHolds)
 {
     setHostLocale("en_US");

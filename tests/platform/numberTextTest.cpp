@@ -1,6 +1,7 @@
 #include "platform/numberText.h"
 
 #include "platform/runtimeError.h"
+#include "support/failures.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -17,17 +18,6 @@ using platform::signedNumberText;
 
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinite = std::numeric_limits<double>::infinity();
-
-template <class Action>
-int failureOf(Action action)
-{
-    try {
-        action();
-    } catch (const platform::RuntimeError& failure) {
-        return failure.number;
-    }
-    return 0;
-}
 
 TEST(NumericTest, passesForTextThatIsWhollyANumber)
 {

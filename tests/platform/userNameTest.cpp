@@ -5,6 +5,7 @@
 
 #ifndef _WIN32
 #include <pwd.h>
+#include <sys/wait.h>
 #include <unistd.h>
 #endif
 
@@ -31,8 +32,16 @@ TEST_F(UserName, canBeGivenAndTakenBack)
 
 TEST_F(UserName, isThatOfTheAccountWhateverTheEnvironmentSays)
 {
-    setenv("USER", "mallory", 1);
-    setenv("LOGNAME", "mallory", 1);
+    // In a process of its own, for the name is asked for once in the life of one.
+    const pid_t child = fork();
+    if (child == 0) {
+        setenv("USER", "mallory", 1);
+        setenv("LOGNAME", "mallory", 1);
+        _exit(platform::hostUserName() == "mallory" ? 1 : 0);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
     const passwd* const account = getpwuid(geteuid());
     ASSERT_NE(account, nullptr);
     EXPECT_EQ(platform::hostUserName(), account->pw_name);
