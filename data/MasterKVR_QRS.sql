@@ -48,6 +48,8 @@ CREATE TABLE kvr_geo (
     zone_id   TEXT COLLATE NOCASE,
     radius    TEXT COLLATE NOCASE
 );
+-- The one index on text. Other tools compare letters beyond ASCII with regard to case: where a zone has such letters,
+-- which the codes of zones do not, their check of the file reports this index, and they should not write the file.
 CREATE INDEX geo_zone ON kvr_geo (zone_id) WHERE zone_id IS NOT NULL;
 
 -- One row is one point of a site.
@@ -65,8 +67,10 @@ CREATE TABLE kvr_geo_pt (
     site_alt TEXT COLLATE NOCASE
 );
 CREATE INDEX geo_pt_geo ON kvr_geo_pt (geo_key);
--- Seconds and minutes first: they differ most from one position to the next.
-CREATE INDEX geo_pt_position ON kvr_geo_pt (lat_sec, long_sec, lat_min, long_min);
+-- Seconds and minutes first: they differ most from one position to the next. A point without seconds is never equal
+-- to any, and many of them would make the others look alike.
+CREATE INDEX geo_pt_position ON kvr_geo_pt (lat_sec, long_sec, lat_min, long_min)
+    WHERE lat_sec IS NOT NULL AND long_sec IS NOT NULL;
 
 -- One row is one antenna section of a notice, numbered from 1.
 CREATE TABLE kvr_ant (

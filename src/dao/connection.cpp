@@ -76,8 +76,8 @@ Connection openAnyFile(const std::string& path, int flags)
     sqlite3_extended_result_codes(handle, 1);
     sqlite3_busy_timeout(handle, busyTimeoutMilliseconds);
     // Text is compared without regard to case in every column that is declared NOCASE, and beyond ASCII too,
-    // unlike the collation that SQLite brings under this name. No index of ours holds letters beyond ASCII,
-    // so a file stays in order for whoever opens it with other tools.
+    // unlike the collation that SQLite brings under this name. A file is in order for whoever opens it with
+    // other tools as long as no index holds letters beyond ASCII.
     if (sqlite3_create_collation(handle, "NOCASE", SQLITE_UTF8, nullptr, collateWithoutCase) != SQLITE_OK)
         throw engineFailure(sqlite3_errcode(handle), handle, path);
     return connection;

@@ -31,9 +31,9 @@ DataType declaredType(const char* declaration)
 std::vector<Column> columnsOf(sqlite3_stmt* statement, bool withIdentity)
 {
     std::vector<Column> columns;
-    const int count = sqlite3_column_count(statement) - (withIdentity ? 1 : 0);
+    const int count = sqlite3_column_count(statement);
     columns.reserve(static_cast<std::size_t>(count));
-    for (int column = 0; column < count; ++column)
+    for (int column = withIdentity ? 1 : 0; column < count; ++column)
         columns.push_back({sqlite3_column_name(statement, column),
                            declaredType(sqlite3_column_decltype(statement, column))});
     return columns;
@@ -206,18 +206,25 @@ void Database::State::commit()
 void Database::State::rollback()
 {
     doom.reset();
-    if (!std::exchange(begun, false))
-        return;
+    const bool wasBegun = std::exchange(begun, false);
+    releaseLoadLock();
     // Where the engine has ended the transaction by itself, there is nothing left to roll back.
-    if (!m_connection)
-        return;
-    // After a grave error the engine recovers the file when its last reader has gone.
-    if (m_loadLock)
-        sqlite3_reset(m_loadLock.get());
-    if (sqlite3_get_autocommit(m_connection.get()) == 0)
+    if (wasBegun && sqlite3_get_autocommit(m_connection.get()) == 0)
         execute(m_connection.get(), "ROLLBACK");
+    takeLoadLock();
+}
+
+void Database::State::takeLoadLock()
+{
     if (m_loadLock)
         sqlite3_step(m_loadLock.get());
+}
+
+// After a grave error the engine recovers the file when its last reader has gone.
+void Database::State::releaseLoadLock()
+{
+    if (m_loadLock)
+        sqlite3_reset(m_loadLock.get());
 }
 
 void Database::State::beginBulkLoad()
@@ -227,14 +234,18 @@ void Database::State::beginBulkLoad()
     // refused the load is as right without it, only slower.
     sqlite3_exec(handle(),
                  "PRAGMA synchronous=OFF; PRAGMA journal_mode=PERSIST; PRAGMA cache_size=-65536; "
-                 "PRAGMA analysis_limit=200",
+                 "PRAGMA analysis_limit=1000",
                  nullptr, nullptr, nullptr);
     m_bulkLoad = true;
     m_nextStatistics = m_rowsWritten + firstStatistics;
     // A query that is never finished keeps the lock of a reader between two transactions: the journal stays
     // open, and nobody can put another file's content in the place of this one half way.
-    m_loadLock = prepare(handle(), "SELECT 1 FROM sqlite_schema");
-    sqlite3_step(m_loadLock.get());
+    try {
+        m_loadLock = prepare(handle(), "SELECT 1 FROM sqlite_schema");
+    } catch (const platform::RuntimeError&) {
+        return; // without it the load is slower, and as right
+    }
+    takeLoadLock();
 }
 
 bool Database::State::beginReading()
@@ -256,7 +267,10 @@ void Database::State::renewStatistics()
 {
     m_nextStatistics = m_rowsWritten * statisticsFactor;
     // The load is as right without fresh statistics, only slower.
-    sqlite3_exec(handle(), "ANALYZE", nullptr, nullptr, nullptr);
+    if (sqlite3_exec(handle(), "ANALYZE", nullptr, nullptr, nullptr) == SQLITE_OK)
+        return;
+    releaseLoadLock();
+    takeLoadLock();
 }
 
 void Database::State::endBulkLoad(sqlite3* connection) const

@@ -28,28 +28,25 @@ void removeCompanions(const fs::path& database)
     }
 }
 
-int writeFailureNumber(const std::error_code& failure)
-{
-    return failure == std::errc::no_space_on_device ? platform::errDiskFull : platform::errPathFileAccess;
-}
-
 void replaceFile(const fs::path& source, const fs::path& target)
 {
+    // The journal goes first: one that is left beside the new file would be rolled into it.
+    removeCompanions(target);
     const fs::path fresh = fs::path(target) += ".new";
     std::error_code failure;
     fs::copy_file(source, fresh, fs::copy_options::overwrite_existing, failure);
-    if (!failure) {
+    if (!failure)
         fs::permissions(fresh, fs::perms::owner_write, fs::perm_options::add, failure);
+    if (!failure) {
         platform::flushToDisk(fresh);
-        // The journal goes first: one that is left beside the new file would be rolled into it.
-        removeCompanions(target);
         fs::rename(fresh, target, failure);
     }
     if (!failure)
         return;
     std::error_code ignored;
     fs::remove(fresh, ignored);
-    platform::raise(static_cast<platform::ErrorNumber>(writeFailureNumber(failure)));
+    platform::raise(failure == std::errc::no_space_on_device ? platform::errDiskFull
+                                                             : platform::errPathFileAccess);
 }
 
 // Through the engine, under the engine's locks, as one transaction on the target. False when the target is no
@@ -64,6 +61,8 @@ bool replaceThroughEngine(const fs::path& source, const fs::path& target)
         throw engineFailure(result, onto.get(), target.string());
     if (result != SQLITE_OK)
         return false;
+    // What was written ahead goes into the file, and the copy is a single file as the master is.
+    sqlite3_exec(onto.get(), "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr);
     const std::unique_ptr<sqlite3_backup, BackupCloser> backup(
         sqlite3_backup_init(onto.get(), "main", from.get(), "main"));
     result = backup ? sqlite3_backup_step(backup.get(), -1) : sqlite3_errcode(onto.get());
@@ -93,11 +92,11 @@ void copyDatabaseFile(const std::string& source, const std::string& target)
 {
     const auto from = platform::hostPath(source);
     const auto onto = platform::hostPath(target);
-    if (!fs::is_regular_file(from))
+    std::error_code ignored;
+    if (!fs::is_regular_file(from, ignored))
         platform::raise(platform::errFileNotFound);
     if (sameFile(from, onto))
         platform::raise(platform::errPermissionDenied);
-    std::error_code ignored;
     if (!fs::is_regular_file(onto, ignored) || !replaceThroughEngine(from, onto))
         replaceFile(from, onto);
 }

@@ -34,7 +34,7 @@ struct TextHash
 struct CompiledQuery
 {
     TranslatedQuery text;
-    std::vector<Column> columns; // those asked for, without the identity of the row
+    std::vector<Column> columns; // those asked for, without the identity of the row before them
     std::vector<Statement> idle;
 };
 
@@ -95,6 +95,8 @@ struct Database::State
 private:
     // A statement without parameters and rows, kept in `kept`.
     int runKept(Statement& kept, const char* sql) const;
+    void takeLoadLock();
+    void releaseLoadLock();
     void renewStatistics();
     void endBulkLoad(sqlite3* connection) const;
 

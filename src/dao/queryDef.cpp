@@ -11,6 +11,7 @@ QueryDef::~QueryDef() = default;
 void QueryDef::Parameter::setValue(const Value& value)
 {
     auto& query = *m_query.m_state;
+    static_cast<void>(query.database->handle());
     query.values[m_index] = value.convertedTo(query.query->text.parameters[m_index].type);
 }
 

@@ -89,11 +89,15 @@ sqlite3_stmt* deletionOf(TableInfo& table, sqlite3* connection)
 std::vector<DataType> typesOf(const CompiledQuery& query)
 {
     std::vector<DataType> types;
+    types.reserve(query.columns.size());
     for (const auto& column : query.columns)
         types.push_back(column.type);
-    if (!query.text.table.empty())
-        types.push_back(DataType::dbDouble); // the identity of the row, exact up to 53 bits
     return types;
+}
+
+bool hasIdentity(const CompiledQuery& query)
+{
+    return !query.text.table.empty();
 }
 
 } // namespace
@@ -178,7 +182,7 @@ void Recordset::State::readAll()
         return;
     if (row != 0 || atEnd)
         start();
-    auto store = std::make_unique<RowStore>(typesOf(*query));
+    auto store = std::make_unique<RowStore>(typesOf(*query), hasIdentity(*query));
     for (; !atEnd; goOn())
         store->append(statement.get());
     // The statement is over: it holds no lock on the file while its rows are looked at.
@@ -199,15 +203,13 @@ Value Recordset::State::current(std::size_t column) const
 {
     if (rows)
         return rows->value(row, column);
-    return columnValue(statement.get(), static_cast<int>(column), query->columns[column].type);
+    const int place = static_cast<int>(column) + (hasIdentity(*query) ? 1 : 0);
+    return columnValue(statement.get(), place, query->columns[column].type);
 }
 
 std::int64_t Recordset::State::rowIdentity() const
 {
-    const auto column = query->columns.size();
-    if (rows)
-        return static_cast<std::int64_t>(std::get<double>(rows->value(row, column).variant()));
-    return sqlite3_column_int64(statement.get(), static_cast<int>(column));
+    return rows ? rows->identity(row) : sqlite3_column_int64(statement.get(), 0);
 }
 
 // The table that the rows come from; only such a result can be written.
@@ -387,6 +389,8 @@ void Recordset::Delete()
     database.beginWrite();
     sqlite3_bind_int64(statement, 1, m_state->rowIdentity());
     database.runWrite(statement);
+    if (sqlite3_changes(database.handle()) == 0)
+        raiseEngineError(errRecordDeleted);
     m_state->editing = State::Editing::None;
     m_state->deleted = true;
 }

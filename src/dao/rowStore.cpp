@@ -47,6 +47,14 @@ Value wholeValue(std::int64_t number, DataType type)
     return static_cast<std::int32_t>(number);
 }
 
+// In UTF-8 whatever the encoding of the file.
+std::string_view columnText(sqlite3_stmt* statement, int column)
+{
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
+    return text != nullptr ? std::string_view(text, length) : std::string_view();
+}
+
 template <class T>
 T readRaw(const char* bytes)
 {
@@ -66,11 +74,8 @@ Value columnValue(sqlite3_stmt* statement, int column, DataType type)
         return wholeValue(sqlite3_column_int64(statement, column), type);
     case SQLITE_FLOAT:
         return sqlite3_column_double(statement, column);
-    default: {
-        const auto* text = static_cast<const char*>(sqlite3_column_blob(statement, column));
-        const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
-        return text != nullptr ? std::string(text, length) : std::string();
-    }
+    default:
+        return std::string(columnText(statement, column));
     }
 }
 
@@ -85,16 +90,18 @@ void RowStore::appendRaw(char tag, T value)
 
 void RowStore::appendText(sqlite3_stmt* statement, int column)
 {
-    const auto* text = static_cast<const char*>(sqlite3_column_blob(statement, column));
-    const auto length = static_cast<std::uint32_t>(sqlite3_column_bytes(statement, column));
-    appendRaw(tagText, length);
-    m_bytes.insert(m_bytes.end(), text, text + length);
+    const auto text = columnText(statement, column);
+    appendRaw(tagText, static_cast<std::uint32_t>(text.size()));
+    m_bytes.insert(m_bytes.end(), text.begin(), text.end());
 }
 
 void RowStore::append(sqlite3_stmt* statement)
 {
     m_starts.push_back(m_bytes.size());
-    for (int column = 0; column < static_cast<int>(m_types.size()); ++column) {
+    const int first = m_withIdentity ? 1 : 0;
+    if (m_withIdentity)
+        m_identities.push_back(sqlite3_column_int64(statement, 0));
+    for (int column = first; column < first + static_cast<int>(m_types.size()); ++column) {
         switch (sqlite3_column_type(statement, column)) {
         case SQLITE_NULL:
             m_bytes.push_back(tagNull);

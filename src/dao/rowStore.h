@@ -3,6 +3,7 @@
 #include "dao/value.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 struct sqlite3_stmt;
@@ -16,11 +17,15 @@ namespace dao {
 class RowStore
 {
 public:
-    explicit RowStore(std::vector<DataType> types) : m_types(std::move(types)) {}
+    // With the identity of each row, when that is the first column of the statement.
+    RowStore(std::vector<DataType> types, bool withIdentity)
+        : m_types(std::move(types)), m_withIdentity(withIdentity)
+    {}
 
     void append(sqlite3_stmt* statement);
     [[nodiscard]] std::size_t rows() const { return m_starts.size(); }
     [[nodiscard]] Value value(std::size_t row, std::size_t column) const;
+    [[nodiscard]] std::int64_t identity(std::size_t row) const { return m_identities[row]; }
 
 private:
     template <class T>
@@ -28,7 +33,9 @@ private:
     void appendText(sqlite3_stmt* statement, int column);
 
     std::vector<DataType> m_types;
+    bool m_withIdentity;
     std::vector<std::size_t> m_starts; // of each row in m_bytes
+    std::vector<std::int64_t> m_identities;
     std::vector<char> m_bytes;
 };
 

@@ -86,6 +86,11 @@ bool isWord(const Token& token, std::string_view word)
     return token.kind == Token::Kind::Word && equalNoCase(token.text, word);
 }
 
+bool isSign(const Token& token, std::string_view sign)
+{
+    return token.kind == Token::Kind::Sign && token.text == sign;
+}
+
 DataType parameterType(std::string_view name)
 {
     struct Row
@@ -117,11 +122,11 @@ std::vector<DeclaredParameter> readParametersClause(const std::vector<Token>& to
         if (name.kind != Token::Kind::Bracketed || type.kind != Token::Kind::Word)
             break;
         parameters.push_back({std::string(name.text), parameterType(type.text)});
-        if (sign.text == ";") {
+        if (isSign(sign, ";")) {
             next += 3;
             return parameters;
         }
-        if (sign.text != ",")
+        if (!isSign(sign, ","))
             break;
     }
     raiseEngineError(errSyntax, "PARAMETERS");
@@ -159,7 +164,7 @@ Outline outlineOf(const std::vector<Token>& tokens, std::size_t first)
     int depth = 0;
     for (std::size_t index = first; index < tokens.size(); ++index) {
         const auto& token = tokens[index];
-        depth += token.text == "(" ? 1 : token.text == ")" ? -1 : 0;
+        depth += isSign(token, "(") ? 1 : isSign(token, ")") ? -1 : 0;
         if (depth != 0 || token.kind != Token::Kind::Word)
             continue;
         const bool order = isWord(token, "ORDER");
@@ -190,14 +195,10 @@ TranslatedQuery translateQuery(std::string_view jetSql)
     if (writable)
         query.table = tokens[*outline.from + 1].text;
 
-    std::size_t copied = tokens[first].start;
-    for (std::size_t index = first; index < tokens.size(); ++index) {
+    query.sql = writable ? "SELECT rowid," : "SELECT";
+    std::size_t copied = tokens[first].end;
+    for (std::size_t index = first + 1; index < tokens.size(); ++index) {
         const auto& token = tokens[index];
-        if (writable && index == *outline.from) {
-            query.sql += jetSql.substr(copied, token.start - copied);
-            query.sql += ", rowid ";
-            copied = token.start;
-        }
         if (token.kind != Token::Kind::Bracketed)
             continue;
         query.sql += jetSql.substr(copied, token.start - copied);

@@ -19,8 +19,9 @@ struct TranslatedQuery
 {
     std::string sql; // parameters as ?1, ?2, ... in the order of their declaration
     std::vector<DeclaredParameter> parameters;
-    // The one table of a query that can be written through; the identity of its row is then the last column
-    // of the result, behind those that were asked for. Empty for any other query.
+    // The one table of a query that can be written through; the identity of its row is then the first column
+    // of the result, before those that were asked for, where no later column of the table can come to stand.
+    // Empty for any other query.
     std::string table;
 };
 

@@ -30,10 +30,13 @@ void loadNoticeKeys(const dao::Ref<dao::Recordset>& rows)
     rows->MoveLast();
     session::keyCount = rows->RecordCount();
     rows->MoveFirst();
-    session::keyArray.clear();
-    session::keyArray.reserve(static_cast<std::size_t>(session::keyCount));
-    for (; !rows->EOF_(); rows->MoveNext())
-        session::keyArray.push_back(rows->Fields("veldakey").toLong());
+    // As long as keyCount says from the first moment: whoever walks it relies on that, also after a failure
+    // here.
+    session::keyArray.assign(static_cast<std::size_t>(session::keyCount), 0);
+    for (auto& key : session::keyArray) {
+        key = rows->Fields("veldakey").toLong();
+        rows->MoveNext();
+    }
     rows->MoveFirst();
     session::firstKey = session::keyArray.front();
     session::lastKey = session::keyArray.back();

@@ -56,6 +56,32 @@ TEST(CopyDatabaseFile, ReplacesWhateverOtherFileStandsThere)
     }
 }
 
+TEST(CopyDatabaseFile, ReplacesADatabaseOfAnotherPageSizeThatWritesAheadAndLeavesOneSingleFile)
+{
+    const WorkingDatabase work;
+    for (const auto* size : {"1024", "4096", "16384"}) {
+        fs::remove(work.path());
+        static_cast<void>(work.folder().write("work.mdb", ""));
+        work.execute(std::string("PRAGMA page_size=") + size +
+                     "; PRAGMA journal_mode=WAL; CREATE TABLE other (x); INSERT INTO other VALUES (1)");
+        dao::copyDatabaseFile(master(), work.path());
+        expectFresh(work);
+        EXPECT_EQ(work.scalar("PRAGMA journal_mode"), "delete") << size;
+        EXPECT_FALSE(fs::exists(work.path() + "-wal"));
+    }
+}
+
+TEST(CopyDatabaseFile, LeavesNothingHalfDoneBesideAFileThatCannotBeReplaced)
+{
+    const TemporaryFolder folder;
+    fs::create_directory(folder.path() / "work.mdb-journal"); // can't be removed: it holds something
+    static_cast<void>(folder.write("work.mdb-journal/inside", "x"));
+    static_cast<void>(folder.write("work.mdb", "no database"));
+    EXPECT_FAILURE(70, dao::copyDatabaseFile(master(), folder.file("work.mdb")));
+    EXPECT_EQ(folder.read("work.mdb"), "no database");
+    EXPECT_FALSE(fs::exists(folder.file("work.mdb.new")));
+}
+
 TEST(CopyDatabaseFile, AStaleJournalIsNeverRolledIntoTheCopy)
 {
     // A journal of a transaction that was under way in the old file, in all that may have become of that

@@ -1,4 +1,5 @@
 #include "dao/dao.h"
+#include "dao/databaseFile.h"
 #include "support/workingDatabase.h"
 
 #include <gtest/gtest.h>
@@ -363,6 +364,60 @@ TEST_F(Recordset, TextWithTheCode0InItComesBackWhole)
     EXPECT_EQ(rows->Fields("call_sign").text(), text);
     rows->MoveLast();
     EXPECT_EQ(rows->Fields("call_sign").text(), text);
+}
+
+TEST_F(Recordset, DeletingARowThatHasVanishedFails)
+{
+    addCallSigns({"A", "B"});
+    const auto rows = query(callSignsOfOne);
+    rows->MoveLast();
+    work.execute("DELETE FROM kvr_call_sign WHERE call_sign = 'B'");
+    EXPECT_FAILURE(3167, rows->Delete());
+    EXPECT_EQ(callSigns(), Texts{"A"});
+}
+
+TEST_F(Recordset, RowsOfLargeIdentityAreToldApartAlsoInMemory)
+{
+    work.execute("INSERT INTO kvr_call_sign (rowid, veldakey, call_sign) VALUES (9007199254740992, 1, 'A'), "
+                 "(9007199254740993, 1, 'B'), (9223372036854775807, 1, 'C')");
+    const auto rows = query(callSignsOfOne);
+    rows->MoveLast();
+    rows->Edit();
+    rows->setCollect("call_sign", "last");
+    rows->Update(dbUpdateRegular, false);
+    rows->MoveFirst();
+    rows->MoveNext();
+    rows->Delete();
+    EXPECT_EQ(callSigns(), (Texts{"A", "last"}));
+}
+
+TEST_F(Recordset, AColumnThatAnotherProcessAddsDoesNotTurnAnEditToAnotherRow)
+{
+    addCallSigns({"A", "B"});
+    database->OpenRecordset("kvr_call_sign", dbOpenTable)->Close();
+    work.execute("ALTER TABLE kvr_call_sign ADD COLUMN extra INTEGER DEFAULT 2");
+    const auto rows = database->OpenRecordset("kvr_call_sign", dbOpenTable);
+    rows->Edit();
+    rows->setCollect("call_sign", "edited");
+    rows->Update(dbUpdateRegular, false);
+    EXPECT_EQ(callSigns(), (Texts{"edited", "B"}));
+}
+
+TEST_F(Recordset, TextIsTheSameWhateverTheEncodingOfTheFile)
+{
+    const TemporaryFolder folder;
+    const auto path = folder.file("wide.mdb");
+    dao::createDatabaseFile(path, "PRAGMA encoding='UTF-16'; CREATE TABLE t (x TEXT COLLATE NOCASE)");
+    const auto wide = dao::DBEngine::OpenDatabase(path, false, false);
+    const auto table = wide->OpenRecordset("t", dbOpenTable);
+    table->AddNew();
+    table->setCollect("x", "AB\u00e9");
+    table->Update(dbUpdateRegular, false);
+    const auto rows = wide->OpenRecordset("SELECT x FROM t WHERE x = 'ab\u00c9'", dbOpenDynaset);
+    ASSERT_FALSE(rows->EOF_());
+    EXPECT_EQ(rows->Fields("x"), "AB\u00e9");
+    rows->MoveLast();
+    EXPECT_EQ(rows->Fields("x"), "AB\u00e9");
 }
 
 TEST_F(Recordset, AClosedObjectIsNoLongerSet)

@@ -22,7 +22,7 @@ TEST(SqlTranslator, AQueryOfOneTableCarriesTheIdentityOfItsRowsInTheOrderOfInser
 {
     const auto query =
         translateQuery("PARAMETERS [Key] Long;SELECT call_sign FROM kvr_call_sign WHERE veldakey = [Key]");
-    EXPECT_EQ(query.sql, "SELECT call_sign , rowid FROM kvr_call_sign WHERE veldakey = ?1 ORDER BY rowid");
+    EXPECT_EQ(query.sql, "SELECT rowid, call_sign FROM kvr_call_sign WHERE veldakey = ?1 ORDER BY rowid");
     EXPECT_EQ(query.table, "kvr_call_sign");
 }
 
@@ -35,25 +35,32 @@ TEST(SqlTranslator, AJoinAndADistinctQueryCannotBeWrittenThrough)
 TEST(SqlTranslator, AnOrderOfItsOwnStays)
 {
     EXPECT_EQ(translateQuery("SELECT x FROM a WHERE y = 1 ORDER BY y ").sql,
-              "SELECT x , rowid FROM a WHERE y = 1 ORDER BY y");
+              "SELECT rowid, x FROM a WHERE y = 1 ORDER BY y");
 }
 
 TEST(SqlTranslator, ABracketedNameThatIsNoParameterIsAName)
 {
     EXPECT_EQ(translateQuery("SELECT [odd name] FROM [a\"b]").sql,
-              "SELECT \"odd name\" , rowid FROM \"a\"\"b\" ORDER BY rowid");
+              "SELECT rowid, \"odd name\" FROM \"a\"\"b\" ORDER BY rowid");
 }
 
 TEST(SqlTranslator, BracketsAndKeywordsInsideAQuotedTextAreText)
 {
     EXPECT_EQ(translateQuery("SELECT x FROM a WHERE y = '[Key] ORDER BY (' ").sql,
-              "SELECT x , rowid FROM a WHERE y = '[Key] ORDER BY (' ORDER BY rowid");
+              "SELECT rowid, x FROM a WHERE y = '[Key] ORDER BY (' ORDER BY rowid");
+}
+
+TEST(SqlTranslator, AParenthesisInAQuotedTextOrANameIsNone)
+{
+    EXPECT_EQ(translateQuery("SELECT x FROM a WHERE y = '(' ORDER BY y").sql,
+              "SELECT rowid, x FROM a WHERE y = '(' ORDER BY y");
+    EXPECT_EQ(translateQuery("SELECT x FROM [(]").table, "(");
 }
 
 TEST(SqlTranslator, ParameterNamesAndTypesAreNotCaseSensitive)
 {
     const auto query = translateQuery("parameters [Freq] double;select x from a where y = [FREQ]");
-    EXPECT_EQ(query.sql, "select x , rowid from a where y = ?1 ORDER BY rowid");
+    EXPECT_EQ(query.sql, "SELECT rowid, x from a where y = ?1 ORDER BY rowid");
 }
 
 TEST(SqlTranslator, TextThatIsNoQueryIsASyntaxError)

@@ -87,11 +87,14 @@ TEST_F(NoticeList, ANoticeWithTwoPointsStandsInTwoRowsWithTheSameKey)
 TEST_F(NoticeList, PointsOfANoticeStandInTheOrderOfInsertionInBothSorts)
 {
     insert(aNotice().withPoints(6).build());
+    work.execute(
+        "UPDATE kvr_geo_pt SET lat_sec = (geo_pt * 5) % 7, long_deg = 0, long_min = 0, long_sec = 0, "
+        "lat_deg = 0, lat_min = 0");
     for (const auto sort : {noticeList::Sort::Index, noticeList::Sort::AdmFreq}) {
         std::string seconds;
         for (const auto& rows = open("", sort); !rows->EOF_(); rows->MoveNext())
             seconds += rows->Fields("lat_sec").text() + " ";
-        EXPECT_EQ(seconds, "50 51 52 53 54 55 ");
+        EXPECT_EQ(seconds, "5 3 1 6 4 2 ");
     }
 }
 
@@ -124,6 +127,15 @@ TEST_F(NoticeList, ANoticeWithoutASiteRowIsNotListed)
     insert(aNotice().build());
     noticeList::loadNoticeKeys(open());
     EXPECT_EQ(session::keyArray, Keys{2});
+}
+
+TEST_F(NoticeList, AKeyThatIsNoneFailsAndTheArrayIsAsLongAsItsCount)
+{
+    for (int number = 0; number < 4; ++number)
+        insert(aNotice().build());
+    work.execute("UPDATE kvr_velda SET veldakey = 3000000000 WHERE veldakey = 3");
+    EXPECT_FAILURE(6, noticeList::loadNoticeKeys(open()));
+    EXPECT_EQ(static_cast<std::size_t>(session::keyCount), session::keyArray.size());
 }
 
 TEST_F(NoticeList, ANoticeWithTwoPublicationsStandsInTwoRows)

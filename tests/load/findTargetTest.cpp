@@ -96,6 +96,17 @@ TEST_P(EachDifference, IsNoMatch)
     GetParam().change(ntc);
     EXPECT_EQ(byPoint(ntc), 0);
     EXPECT_EQ(byPointAndOpCls(ntc), 0);
+    const bool ofThePosition = ntc.geo.pt.at(0) != aNotice().build().geo.pt.at(0);
+    EXPECT_EQ(byZone(ntc), ofThePosition ? 1 : 0);
+}
+
+TEST_F(FindTarget, AnotherZoneIsNoMatchByZone)
+{
+    auto ntc = aNotice().build();
+    store(ntc);
+    ntc.geo.zone_id = "other";
+    EXPECT_EQ(byZone(ntc), 0);
+    EXPECT_EQ(byPoint(ntc), 1);
 }
 
 TEST_F(FindTarget, TypeIntentAndProvisionPlayNoPart)

@@ -108,6 +108,32 @@ TEST_F(FailingLoad, ADiskThatFillsUpLosesNothingThatWasCommitted)
     }
 }
 
+TEST_F(FailingLoad, ATransientErrorCostsOneNoticeAtMostAlsoWhileTheEngineRenewsItsStatistics)
+{
+    // The first renewal comes when 2,000 rows were written, at five a notice; it stands in no notice's
+    // transaction.
+    constexpr int before = 399;
+    constexpr int notices = 402;
+    const FaultyFiles files;
+    const auto storedOf = [&](int count, int failingWrite) {
+        MainModule::copyMasterDatabase(work.path());
+        session::dbStatus.clear();
+        session::electFileName = work.folder().write("notices.txt", head() + times(count, assignment()));
+        FaultyFiles::failWrite(failingWrite, SQLITE_IOERR_WRITE);
+        readNtcAndWriteToDB::openElectFile(session::notice);
+        readNtcAndWriteToDB::loadElectFile(session::notice, work.path());
+        return work.count("kvr_velda");
+    };
+    constexpr int never = 1'000'000'000;
+    ASSERT_EQ(storedOf(before, never), before);
+    const int writesBefore = FaultyFiles::writes();
+    ASSERT_EQ(storedOf(notices, never), notices);
+    const int writesAll = FaultyFiles::writes();
+    ASSERT_GT(writesAll - writesBefore, 100) << "the renewal is among them";
+    for (int write = writesBefore; write < writesAll; write += 4)
+        EXPECT_GE(storedOf(notices, write), notices - 1) << "write " << write;
+}
+
 TEST_F(FailingLoad, ALockedDatabaseShowsItsMessageAndTheBoxForEachNotice)
 {
     const auto other = work.open();

@@ -60,12 +60,21 @@ TEST_F(Load, AFileOfLinesOfNoKindLoadsNothingAndSaysNothing)
     EXPECT_TRUE(host.errorLines.empty());
 }
 
-TEST_F(Load, ANoticeWithNeitherZoneNorPositionIsLookedForWithZeros)
+TEST_F(Load, ANoticeWithNeitherZoneNorPositionIsLookedForWithZerosAndEmptyLetters)
 {
     const auto bare = notice("t_action=ADD\r\nt_freq_assgn=1\r\n");
     load(head() + bare + bare);
     EXPECT_TRUE(host.errorLines.empty()) << "empty values were stored as Null, which is never equal";
     EXPECT_EQ(work.count("kvr_velda"), 2);
+    work.execute(
+        "UPDATE kvr_velda SET stn_cls = '', emi_cls = '', bdwdth_cde = '', op_hh_fr = 0, op_hh_to = 0 WHERE "
+        "veldakey = 2");
+    work.execute(
+        "INSERT INTO kvr_geo_pt SELECT geo_key, 1, 0, 0, 0, '', 0, 0, 0, '', NULL FROM kvr_velda WHERE "
+        "veldakey = 2");
+    // The letters of a position that is not given are empty, unless the file gave one.
+    load(head() + bare);
+    EXPECT_EQ(host.errorLines, Texts{"Notice No: 1 is a potential target to the notice no : 2"});
 }
 
 TEST_F(Load, TheHandlesAreClosedAndTheFileIsOneAtTheEnd)

@@ -12,6 +12,7 @@ struct Plan
     int resultCode = SQLITE_OK;
     bool forGood = false;
     bool failed = false;
+    int writes = 0;
     bool refuse = false;
 };
 
@@ -32,6 +33,7 @@ sqlite3_file* realFile(sqlite3_file* file)
 
 bool mustFail()
 {
+    ++plan.writes;
     if (plan.writesLeft < 0)
         return false;
     if (plan.writesLeft > 0 && --plan.writesLeft > 0)
@@ -136,6 +138,12 @@ void FaultyFiles::failWrite(int number, int resultCode, bool forGood)
     plan.resultCode = resultCode;
     plan.forGood = forGood;
     plan.failed = false;
+    plan.writes = 0;
+}
+
+int FaultyFiles::writes()
+{
+    return plan.writes;
 }
 
 void FaultyFiles::heal()

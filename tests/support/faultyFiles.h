@@ -13,6 +13,8 @@ public:
     static void failWrite(int number, int resultCode, bool forGood = false);
     static void heal();
     [[nodiscard]] static bool hasFailed();
+    // Writes since the last failWrite.
+    [[nodiscard]] static int writes();
     // Opening for writing gives a file that may only be read, as a folder without write right would have it.
     static void refuseWriting(bool refuse);
 };
