@@ -3,6 +3,7 @@
 #include "bareReader.h"
 #include "model/session.h"
 #include "platform/hostFormat.h"
+#include "progress.h"
 
 #include <cstdint>
 
@@ -334,15 +335,20 @@ void loadInto(sqlite3* connection, Text file, const std::string& dateOfReceipt, 
     auto notice = std::make_unique<Notice>();
     notice->velda.fill({});
     std::int64_t nextStatistics = firstStatistics;
+    int number = 0;
     while (reader.next(*notice)) {
         notice->velda[srcUpdate] = user;
         notice->velda[dUpdated] = today;
         notice->velda[dRcv] = dateOfReceipt;
-        found += search.found(*notice) ? 1 : 0;
+        ++number;
+        if (search.found(*notice)) {
+            ++found;
+            progress::tell(number);
+        }
         writer.write(*notice);
         if (renewStatistics && writer.written() >= nextStatistics) {
             nextStatistics = writer.written() * statisticsFactor;
-            execute(connection, "ANALYZE");
+            execute(connection, "ANALYZE kvr_velda; ANALYZE kvr_geo");
         }
     }
 }

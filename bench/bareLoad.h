@@ -9,8 +9,8 @@ namespace bare {
 struct LoadSettings
 {
     // The journal and what else the product sets for a load.
-    const char* pragmas = "PRAGMA synchronous=OFF; PRAGMA journal_mode=PERSIST; PRAGMA cache_size=-65536; "
-                          "PRAGMA analysis_limit=200";
+    const char* pragmas = "PRAGMA synchronous=OFF; PRAGMA journal_mode=PERSIST; PRAGMA cache_size=-262144; "
+                          "PRAGMA analysis_limit=1000";
     bool renewStatistics = true;
 };
 

@@ -6,6 +6,8 @@
 #include "model/session.h"
 #include "platform/paths.h"
 
+#include "progress.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -38,7 +40,11 @@ public:
     void beep() override {}
     void setPointer(int) override {}
     void clearErrorLines() override { lines = 0; }
-    void addErrorLine(const std::string&) override { ++lines; }
+    void addErrorLine(const std::string& line) override
+    {
+        ++lines;
+        progress::tell(std::atoi(line.c_str() + line.find(':') + 1)); // "Notice No: 7 is ..."
+    }
 
     int lines = 0;
 };

@@ -23,7 +23,9 @@ public:
     {
         for (const auto& run : runs) {
             if (run.aggregate_name == "median")
-                medians[run.run_name.function_name] = run.GetAdjustedCPUTime();
+                medians[run.run_name.function_name] = run.run_name.time_type == "manual_time"
+                                                          ? run.GetAdjustedRealTime()
+                                                          : run.GetAdjustedCPUTime();
             m_failed = m_failed || run.error_occurred;
         }
         ConsoleReporter::ReportRuns(runs);
@@ -54,7 +56,11 @@ void printRatio(const Ratio& ratio, const std::map<std::string, double>& medians
 void add(const Measure& measure)
 {
     auto* const registered = benchmark::RegisterBenchmark(measure.name.c_str(), measure.run);
-    registered->Unit(measure.unit)->MeasureProcessCPUTime()->Repetitions(measure.repetitions);
+    registered->Unit(measure.unit)->Repetitions(measure.repetitions);
+    if (measure.ownTime)
+        registered->UseManualTime();
+    else
+        registered->MeasureProcessCPUTime();
     registered->ReportAggregatesOnly();
     if (measure.iterations > 0)
         registered->Iterations(measure.iterations);

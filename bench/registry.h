@@ -16,6 +16,7 @@ struct Measure
     std::function<void(benchmark::State&)> run;
     int iterations = 0; // 0: as many as the library takes
     int repetitions = 3;
+    bool ownTime = false; // the measure takes the CPU time by itself
 };
 
 void add(const Measure& measure);

@@ -129,9 +129,9 @@ public:
     void Close();
 
     // For the filling of a fresh database: until Close a commit survives the death of the process but need
-    // not have reached the disk, and the engine's statistics are renewed as the tables grow. Close puts
-    // everything on the disk and leaves one single file.
-    void beginBulkLoad();
+    // not have reached the disk, and the engine's statistics of the tables are renewed as rows come in. Close
+    // puts everything on the disk and leaves one single file.
+    void beginBulkLoad(const std::vector<std::string>& tablesToAnalyse);
 
     // From now until endReading all that is read is one state of the file, which nobody else can change
     // meanwhile. False, and nothing to end, when that holds already.

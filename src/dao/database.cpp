@@ -227,16 +227,18 @@ void Database::State::releaseLoadLock()
         sqlite3_reset(m_loadLock.get());
 }
 
-void Database::State::beginBulkLoad()
+void Database::State::beginBulkLoad(const std::vector<std::string>& tablesToAnalyse)
 {
     // A commit is a write into the operating system's memory, which outlives the process, and the journal is
     // kept from one transaction to the next instead of being made and removed each time. Where a setting is
     // refused the load is as right without it, only slower.
     sqlite3_exec(handle(),
-                 "PRAGMA synchronous=OFF; PRAGMA journal_mode=PERSIST; PRAGMA cache_size=-65536; "
+                 "PRAGMA synchronous=OFF; PRAGMA journal_mode=PERSIST; PRAGMA cache_size=-262144; "
                  "PRAGMA analysis_limit=1000",
                  nullptr, nullptr, nullptr);
     m_bulkLoad = true;
+    for (const auto& table : tablesToAnalyse)
+        m_analysis += "ANALYZE [" + table + "];";
     m_nextStatistics = m_rowsWritten + firstStatistics;
     // A query that is never finished keeps the lock of a reader between two transactions: the journal stays
     // open, and nobody can put another file's content in the place of this one half way.
@@ -267,7 +269,7 @@ void Database::State::renewStatistics()
 {
     m_nextStatistics = m_rowsWritten * statisticsFactor;
     // The load is as right without fresh statistics, only slower.
-    if (sqlite3_exec(handle(), "ANALYZE", nullptr, nullptr, nullptr) == SQLITE_OK)
+    if (sqlite3_exec(handle(), m_analysis.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK)
         return;
     releaseLoadLock();
     takeLoadLock();
@@ -316,9 +318,9 @@ void Database::Close()
     m_state->close();
 }
 
-void Database::beginBulkLoad()
+void Database::beginBulkLoad(const std::vector<std::string>& tablesToAnalyse)
 {
-    m_state->beginBulkLoad();
+    m_state->beginBulkLoad(tablesToAnalyse);
 }
 
 bool Database::beginReading()

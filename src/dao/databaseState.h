@@ -82,7 +82,7 @@ struct Database::State
     void commit();
     void rollback();
 
-    void beginBulkLoad();
+    void beginBulkLoad(const std::vector<std::string>& tablesToAnalyse);
     bool beginReading();
     void endReading() noexcept;
 
@@ -106,6 +106,7 @@ private:
     std::unordered_map<std::string, CompiledQuery, TextHash, std::equal_to<>> m_queries;
     std::map<std::string, TableInfo, std::less<>> m_tables;
     Statement m_begin, m_commit, m_loadLock;
+    std::string m_analysis; // what renews the statistics
     bool m_bulkLoad = false;
     bool m_reading = false;
     std::int64_t m_rowsWritten = 0;

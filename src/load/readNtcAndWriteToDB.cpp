@@ -83,7 +83,7 @@ void loadElectFile(Ntc& ntc, const std::string& workingDatabase)
     MainModule::openWorkspace(session::ws);
     MainModule::openDatabase(false, workingDatabase, session::db);
     if (session::db)
-        session::db->beginBulkLoad();
+        session::db->beginBulkLoad({"kvr_velda", "kvr_geo"}); // not the points: their schema says why
     platform::host().clearErrorLines();
     std::int16_t noticeNumber = 0;
     while (!platform::endOfFile(electFile)) {

@@ -175,7 +175,7 @@ TEST_P(DoomedBy, AFailingCommitStoresNothingAndTheNextTransactionIsRight)
 
 TEST_F(Transaction, ABulkLoadLeavesOneSingleFile)
 {
-    database->beginBulkLoad();
+    database->beginBulkLoad({});
     workspace->BeginTrans();
     add("A");
     workspace->CommitTrans();

@@ -76,7 +76,7 @@ TEST_P(EveryWriteFailing, ANoticeIsStoredWholeOrNotAtAllAndTheNextOneIsRight)
         const WorkingDatabase fresh;
         const auto target = fresh.open();
         if (GetParam().bulkLoad)
-            target->beginBulkLoad();
+            target->beginBulkLoad({});
         host.messages.clear();
         session::dbStatus.clear();
         FaultyFiles::failWrite(write, GetParam().resultCode);

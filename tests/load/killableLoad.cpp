@@ -52,7 +52,7 @@ void storeWithoutTransaction(const Ntc& ntc)
 void tornLoad(const std::string& path)
 {
     MainModule::openDatabase(false, path, session::db);
-    session::db->beginBulkLoad();
+    session::db->beginBulkLoad({});
     int number = 0;
     while (!platform::endOfFile(1)) {
         readFromFileToNtc::advance();
