@@ -348,7 +348,7 @@ void loadInto(sqlite3* connection, Text file, const std::string& dateOfReceipt, 
         writer.write(*notice);
         if (renewStatistics && writer.written() >= nextStatistics) {
             nextStatistics = writer.written() * statisticsFactor;
-            execute(connection, "ANALYZE kvr_velda; ANALYZE kvr_geo");
+            execute(connection, "ANALYZE kvr_velda; ANALYZE kvr_geo; ANALYZE kvr_geo_pt");
         }
     }
 }

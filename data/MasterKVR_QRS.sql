@@ -175,10 +175,8 @@ CREATE TABLE kvr_keys (geo_key INTEGER, veldakey INTEGER, Target INTEGER);
 INSERT INTO kvr_keys VALUES (1, 1, 1);
 
 -- What the engine may expect of each index before it has seen any notice: the number of rows, then how many rows
--- share the first column, the first two, and so on. A load renews the figures of notices and sites as they come in.
--- It leaves those of the points alone: an average says nothing there, since all notices of a file may stand at one of
--- a thousand positions. They are set so that a search begins with the frequency as long as few notices share one, and
--- with the position otherwise.
+-- share the first column, the first two, and so on. A load renews the figures of the notices, sites and points as they
+-- come in.
 ANALYZE;
 DELETE FROM sqlite_stat1;
 INSERT INTO sqlite_stat1 (tbl, idx, stat) VALUES
@@ -187,7 +185,7 @@ INSERT INTO sqlite_stat1 (tbl, idx, stat) VALUES
     ('kvr_geo', 'geo_zone', '1000 20'),
     ('kvr_geo', NULL, '60000'),
     ('kvr_geo_pt', 'geo_pt_geo', '80000 2'),
-    ('kvr_geo_pt', 'geo_pt_position', '80000 1300 100 30 20'),
+    ('kvr_geo_pt', 'geo_pt_position', '80000 1300 25 4 3'),
     ('kvr_ant', 'ant_velda', '25000 3'),
     ('kvr_rot', 'rot_ant', '30000 3 2'),
     ('kvr_rx', 'rx_ant', '50000 5 2'),

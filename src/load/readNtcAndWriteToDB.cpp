@@ -83,7 +83,7 @@ void loadElectFile(Ntc& ntc, const std::string& workingDatabase)
     MainModule::openWorkspace(session::ws);
     MainModule::openDatabase(false, workingDatabase, session::db);
     if (session::db)
-        session::db->beginBulkLoad({"kvr_velda", "kvr_geo"}); // not the points: their schema says why
+        session::db->beginBulkLoad({"kvr_velda", "kvr_geo", "kvr_geo_pt"}); // what a search looks through
     platform::host().clearErrorLines();
     std::int16_t noticeNumber = 0;
     while (!platform::endOfFile(electFile)) {
