@@ -18,8 +18,8 @@ enum class Sort : std::uint8_t
 // with WHERE and ends in a blank, or is empty.
 [[nodiscard]] std::string buildNoticeQuery(const std::string& whereClause, Sort sort);
 
-// Fills keyCount, and when there is any row keyArray, firstKey and lastKey, which otherwise stay as they are. The
-// rows stand at the first one again afterwards.
+// Fills keyCount, and when there is any row keyArray, firstKey and lastKey, which otherwise stay as they are.
+// The rows stand at the first one again afterwards.
 void loadNoticeKeys(const dao::Ref<dao::Recordset>& rows);
 
 } // namespace noticeList
