@@ -50,7 +50,8 @@ Value wholeValue(std::int64_t number, DataType type)
 // In UTF-8 whatever the encoding of the file.
 std::string_view columnText(sqlite3_stmt* statement, int column)
 {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    const auto* text =
+        static_cast<const char*>(static_cast<const void*>(sqlite3_column_text(statement, column)));
     const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
     return text != nullptr ? std::string_view(text, length) : std::string_view();
 }

@@ -71,7 +71,7 @@ RecordsetRef openQuery(const DatabaseRef& database, const char* text, std::int32
     return query->OpenRecordset(dbOpenDynaset);
 }
 
-std::string converted(std::string text, Reading reading)
+std::string converted(std::string&& text, Reading reading)
 {
     switch (reading) {
     case Reading::Upper:
@@ -86,7 +86,9 @@ std::string converted(std::string text, Reading reading)
         return padMinSec(text);
     default:
         // Hardly any value has blanks around it.
-        return text.starts_with(' ') || text.ends_with(' ') ? ScreenModule::trimText(text) : text;
+        if (text.starts_with(' ') || text.ends_with(' '))
+            return ScreenModule::trimText(text);
+        return std::move(text);
     }
 }
 
