@@ -116,7 +116,7 @@ CompiledQuery& Database::State::query(std::string_view jetSql)
     CompiledQuery compiled;
     compiled.text = translateQuery(jetSql);
     compiled.idle.push_back(prepare(connection, compiled.text.sql));
-    compiled.columns = columnsOf(compiled.idle.back().get(), !compiled.text.table.empty());
+    compiled.columns = columnsOf(compiled.idle.back().get(), compiled.text.hasIdentity());
     return m_queries.emplace(std::string(jetSql), std::move(compiled)).first->second;
 }
 

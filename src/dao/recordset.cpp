@@ -95,11 +95,6 @@ std::vector<DataType> typesOf(const CompiledQuery& query)
     return types;
 }
 
-bool hasIdentity(const CompiledQuery& query)
-{
-    return !query.text.table.empty();
-}
-
 } // namespace
 
 Recordset::State::State(std::shared_ptr<Database::State> owner, CompiledQuery& compiledQuery,
@@ -182,7 +177,7 @@ void Recordset::State::readAll()
         return;
     if (row != 0 || atEnd)
         start();
-    auto store = std::make_unique<RowStore>(typesOf(*query), hasIdentity(*query));
+    auto store = std::make_unique<RowStore>(typesOf(*query), query->text.hasIdentity());
     for (; !atEnd; goOn())
         store->append(statement.get());
     // The statement is over: it holds no lock on the file while its rows are looked at.
@@ -203,7 +198,7 @@ Value Recordset::State::current(std::size_t column) const
 {
     if (rows)
         return rows->value(row, column);
-    const int place = static_cast<int>(column) + (hasIdentity(*query) ? 1 : 0);
+    const int place = static_cast<int>(column) + (query->text.hasIdentity() ? 1 : 0);
     return columnValue(statement.get(), place, query->columns[column].type);
 }
 
@@ -217,7 +212,7 @@ static TableInfo& writableTable(Recordset::State& recordset)
 {
     recordset.ensureOpen();
     if (recordset.table == nullptr) {
-        if (recordset.query->text.table.empty())
+        if (!recordset.query->text.hasIdentity())
             raiseEngineError(errReadOnly);
         recordset.table = &recordset.database->table(recordset.query->text.table);
     }

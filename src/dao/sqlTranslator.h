@@ -23,6 +23,8 @@ struct TranslatedQuery
     // of the result, before those that were asked for, where no later column of the table can come to stand.
     // Empty for any other query.
     std::string table;
+
+    [[nodiscard]] bool hasIdentity() const { return !table.empty(); }
 };
 
 // "PARAMETERS [Name] Type, ...;" declares parameters of the types Long, Integer, Double, String; behind it

@@ -9,6 +9,7 @@
 #include <cstddef>
 
 using namespace keyTables;
+using ScreenModule::addKeyLine;
 
 namespace writeOneNtcElect {
 namespace {
@@ -19,16 +20,6 @@ void addLine(std::string& text, std::string_view line)
 {
     text += line;
     text += lineEnd;
-}
-
-// Most of a file goes through here: the line is put together where it stands.
-void addKeyLine(std::string& text, std::string_view key, std::string_view value)
-{
-    if (value.empty())
-        return;
-    text += key;
-    text += '=';
-    addLine(text, value);
 }
 
 std::string valueForFile(const std::string& value, Form form)

@@ -214,9 +214,15 @@ std::string remarksToElectLines(std::string& text)
 
 std::string makeKeyLine(std::string_view key, std::string_view value)
 {
-    if (value.empty())
-        return {};
-    return std::string(key).append("=").append(value).append(lineEnd);
+    std::string line;
+    addKeyLine(line, key, value);
+    return line;
+}
+
+void addKeyLine(std::string& text, std::string_view key, std::string_view value)
+{
+    if (!value.empty())
+        text.append(key).append("=").append(value).append(lineEnd);
 }
 
 std::string trimText(std::string_view text)

@@ -54,6 +54,8 @@ void splitDottedDate(std::string& text, std::string& year, std::string& month, s
 
 // key + "=" + value + CR LF; nothing for an empty value.
 [[nodiscard]] std::string makeKeyLine(std::string_view key, std::string_view value);
+// The same onto the end of a text, for blocks of many lines.
+void addKeyLine(std::string& text, std::string_view key, std::string_view value);
 
 [[nodiscard]] std::string trimText(std::string_view text);
 [[nodiscard]] std::string upperText(std::string_view text);
