@@ -28,25 +28,41 @@ void removeCompanions(const fs::path& database)
     }
 }
 
+// A file that goes with its scope, unless it has got another name by then.
+class FleetingFile
+{
+public:
+    explicit FleetingFile(fs::path path) : m_path(std::move(path)) {}
+    ~FleetingFile()
+    {
+        std::error_code ignored;
+        fs::remove(m_path, ignored);
+    }
+    FleetingFile(const FleetingFile&) = delete;
+    FleetingFile& operator=(const FleetingFile&) = delete;
+
+    [[nodiscard]] const fs::path& path() const { return m_path; }
+
+private:
+    fs::path m_path;
+};
+
 void replaceFile(const fs::path& source, const fs::path& target)
 {
     // The journal goes first: one that is left beside the new file would be rolled into it.
     removeCompanions(target);
-    const fs::path fresh = fs::path(target) += ".new";
+    const FleetingFile fresh(fs::path(target) += ".new");
     std::error_code failure;
-    fs::copy_file(source, fresh, fs::copy_options::overwrite_existing, failure);
+    fs::copy_file(source, fresh.path(), fs::copy_options::overwrite_existing, failure);
     if (!failure)
-        fs::permissions(fresh, fs::perms::owner_write, fs::perm_options::add, failure);
+        fs::permissions(fresh.path(), fs::perms::owner_write, fs::perm_options::add, failure);
     if (!failure) {
-        platform::flushToDisk(fresh);
-        fs::rename(fresh, target, failure);
+        platform::flushToDisk(fresh.path());
+        fs::rename(fresh.path(), target, failure);
     }
-    if (!failure)
-        return;
-    std::error_code ignored;
-    fs::remove(fresh, ignored);
-    platform::raise(failure == std::errc::no_space_on_device ? platform::errDiskFull
-                                                             : platform::errPathFileAccess);
+    if (failure)
+        platform::raise(failure == std::errc::no_space_on_device ? platform::errDiskFull
+                                                                 : platform::errPathFileAccess);
 }
 
 // Through the engine, under the engine's locks, as one transaction on the target. False when the target is no
