@@ -16,6 +16,7 @@ namespace dao {
 class Database;
 class QueryDef;
 class Recordset;
+class RowSnapshot;
 class Workspace;
 
 // An object variable: unset at first, and using it unset is failure 91. Copies refer to one object.
@@ -133,6 +134,9 @@ public:
     // puts everything on the disk and leaves one single file.
     void beginBulkLoad(const std::vector<std::string>& tablesToAnalyse);
 
+    // A quick check of the whole file: 3049 when it is damaged; what keeps the check from running, as itself.
+    void requireSound();
+
     // From now until endReading all that is read is one state of the file, which nobody else can change
     // meanwhile. False, and nothing to end, when that holds already.
     bool beginReading();
@@ -169,6 +173,26 @@ private:
     bool m_begun;
 };
 
+// The rows of a result in compact memory; they outlive the result.
+class RowSnapshot
+{
+public:
+    [[nodiscard]] std::size_t rowCount() const;
+    [[nodiscard]] std::size_t columnCount() const;
+    [[nodiscard]] const std::string& fieldName(std::size_t column) const;
+    [[nodiscard]] DataType fieldType(std::size_t column) const;
+    [[nodiscard]] Value value(std::size_t row, std::size_t column) const;
+
+    struct State;
+    explicit RowSnapshot(std::unique_ptr<State> state);
+    ~RowSnapshot();
+    RowSnapshot(const RowSnapshot&) = delete;
+    RowSnapshot& operator=(const RowSnapshot&) = delete;
+
+private:
+    std::unique_ptr<State> m_state;
+};
+
 // A result with a current row. Rows of a query without ORDER BY come in the order of insertion. A dynaset of
 // one table and a table can be written; 3027 otherwise. A walk survives the deletion of its own row.
 class Recordset
@@ -181,6 +205,19 @@ public:
     void MoveNext();
     void MoveFirst();
     void MoveLast();
+
+    // Goes to the first row that meets a criterion of the form "column = number", among all rows as they are
+    // read into memory. Without such a row NoMatch is true and the row stays. Null and text are no number.
+    // 3070 for an unknown column, 3077 for another form.
+    void FindFirst(std::string_view criterion);
+    [[nodiscard]] bool NoMatch() const; // of the last FindFirst
+    // Number of the current row, from 0; -1 without one.
+    [[nodiscard]] std::int32_t AbsolutePosition();
+
+    // All rows of the result, for somebody who looks at them in any order and after Close; shared, not
+    // copied. Reads them whole into memory and ends the statement, as MoveLast does; the current row and
+    // RecordCount stay. To be taken before any row is deleted through this recordset.
+    [[nodiscard]] std::shared_ptr<const RowSnapshot> snapshot();
 
     // A column of the current row, or of the row being edited or added: 3265 for an unknown name, 3021
     // without a current row.

@@ -250,6 +250,18 @@ void Database::State::beginBulkLoad(const std::vector<std::string>& tablesToAnal
     takeLoadLock();
 }
 
+void Database::State::requireSound() const
+{
+    const auto check = prepare(handle(), "PRAGMA quick_check(1)");
+    const int result = sqlite3_step(check.get());
+    if (result != SQLITE_ROW)
+        throw engineFailure(result, handle(), path);
+    const auto* verdict =
+        static_cast<const char*>(static_cast<const void*>(sqlite3_column_text(check.get(), 0)));
+    if (verdict == nullptr || std::string_view(verdict) != "ok")
+        raiseEngineError(errDamaged, path);
+}
+
 bool Database::State::beginReading()
 {
     if (!m_connection || sqlite3_get_autocommit(m_connection.get()) == 0)
@@ -321,6 +333,11 @@ void Database::Close()
 void Database::beginBulkLoad(const std::vector<std::string>& tablesToAnalyse)
 {
     m_state->beginBulkLoad(tablesToAnalyse);
+}
+
+void Database::requireSound()
+{
+    m_state->requireSound();
 }
 
 bool Database::beginReading()

@@ -12,6 +12,8 @@
 // What the engine's objects share behind their public faces.
 namespace dao {
 
+class RowStore;
+
 struct Column
 {
     std::string name;
@@ -83,6 +85,7 @@ struct Database::State
     void rollback();
 
     void beginBulkLoad(const std::vector<std::string>& tablesToAnalyse);
+    void requireSound() const;
     bool beginReading();
     void endReading() noexcept;
 
@@ -135,7 +138,8 @@ struct Recordset::State
     void start(); // to the first row
     void goOn();  // to the next row, without a check
     void ensureStarted();
-    void readAll(); // into memory, at the first row
+    void readAll(); // into memory; when they stood there already, nothing moves
+    void readAllAndStay();
     void requireRow();
     [[nodiscard]] Value current(std::size_t column) const;
     [[nodiscard]] std::int64_t rowIdentity() const;
@@ -146,15 +150,22 @@ struct Recordset::State
     std::shared_ptr<Database::State> database;
     CompiledQuery* query;
     std::vector<Value> parameters;
-    TableInfo* table = nullptr; // found when first needed; null for a result that can't be written
-    Statement statement;        // out of the query's while rows are being stepped
-    std::unique_ptr<class RowStore> rows;
+    TableInfo* table = nullptr;           // found when first needed; null for a result that can't be written
+    Statement statement;                  // out of the query's while rows are being stepped
+    std::shared_ptr<const RowStore> rows; // those in memory
     bool started = false, atEnd = false, deleted = false;
     std::size_t row = 0;      // number of the current row, from 0
     std::int32_t visited = 0; // rows
+    bool noMatch = false;     // of the last FindFirst
     Editing editing = Editing::None;
     std::vector<std::optional<Value>> buffer;   // of the table's columns; nothing where it was not assigned
     std::size_t lastRead = 0, lastAssigned = 0; // columns
+};
+
+struct RowSnapshot::State
+{
+    std::shared_ptr<const RowStore> rows;
+    std::vector<Column> columns;
 };
 
 struct QueryDef::State

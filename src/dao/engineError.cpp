@@ -34,7 +34,10 @@ constexpr std::array descriptions = {
     Description{errCannotOpen,
                 "The database engine cannot open the file '|'.  You may lack permission to use it."},
     Description{errTooFewParameters, "Too few parameters.  |"},
+    Description{errUnknownField,
+                "The database engine does not recognize '|' as a valid field name or expression."},
     Description{errSyntax, "Syntax error in query:  |."},
+    Description{errCriterion, "Syntax error in expression:  |."},
     Description{
         errNoSuchTable,
         "The database engine cannot find the input table or query '|'.  Make sure it exists and that its "

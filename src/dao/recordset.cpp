@@ -1,8 +1,11 @@
 #include "dao/databaseState.h"
 #include "dao/engineError.h"
 #include "dao/rowStore.h"
+#include "platform/ansiText.h"
+#include "platform/numberText.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace dao {
 
@@ -95,6 +98,48 @@ std::vector<DataType> typesOf(const CompiledQuery& query)
     return types;
 }
 
+struct Criterion
+{
+    std::size_t column;
+    double number;
+};
+
+bool isPlainName(std::string_view name)
+{
+    const auto belongs = [](unsigned char sign) {
+        return std::isalnum(sign) != 0 || sign == '_' || sign > 127;
+    };
+    return !name.empty() && std::all_of(name.begin(), name.end(), belongs);
+}
+
+// "column = number": blanks are free, the number may have a sign.
+Criterion readCriterion(std::string_view text, const std::vector<Column>& columns)
+{
+    const auto equal = text.find('=');
+    const auto name = platform::trimBlanks(text.substr(0, equal));
+    const auto number = equal != std::string_view::npos ? platform::trimBlanks(text.substr(equal + 1)) : "";
+    if (!isPlainName(name) || !platform::isNumeric(number))
+        raiseEngineError(errCriterion, text);
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+        if (platform::equalNoCase(columns[column].name, name))
+            return {column, platform::readNumber(number)};
+    }
+    raiseEngineError(errUnknownField, name);
+}
+
+// Null and text are no number.
+bool isNumber(const Value& value, double number)
+{
+    return std::visit(
+        [number](const auto& held) {
+            if constexpr (std::is_arithmetic_v<std::decay_t<decltype(held)>>)
+                return static_cast<double>(held) == number;
+            else
+                return false;
+        },
+        value.variant());
+}
+
 } // namespace
 
 Recordset::State::State(std::shared_ptr<Database::State> owner, CompiledQuery& compiledQuery,
@@ -177,12 +222,27 @@ void Recordset::State::readAll()
         return;
     if (row != 0 || atEnd)
         start();
-    auto store = std::make_unique<RowStore>(typesOf(*query), query->text.hasIdentity());
+    auto store = std::make_shared<RowStore>(typesOf(*query), query->text.hasIdentity());
     for (; !atEnd; goOn())
         store->append(statement.get());
     // The statement is over: it holds no lock on the file while its rows are looked at.
     sqlite3_reset(statement.get());
     rows = std::move(store);
+}
+
+// A row is known by its number: none of the rows before it may have been deleted meanwhile.
+void Recordset::State::readAllAndStay()
+{
+    ensureStarted();
+    if (rows)
+        return;
+    const auto stayRow = row;
+    const auto stayVisited = visited;
+    const bool stayAtEnd = atEnd;
+    readAll();
+    row = stayRow;
+    visited = stayVisited;
+    atEnd = stayAtEnd || row >= rows->rows();
 }
 
 void Recordset::State::requireRow()
@@ -307,6 +367,44 @@ void Recordset::MoveLast()
     m_state->readAll();
     m_state->row = m_state->rows->rows() - 2;
     m_state->goOn();
+}
+
+void Recordset::FindFirst(std::string_view criterion)
+{
+    m_state->ensureOpen();
+    const auto [column, number] = readCriterion(criterion, m_state->query->columns);
+    m_state->readAllAndStay();
+    m_state->editing = State::Editing::None;
+    const auto& rows = *m_state->rows;
+    std::size_t found = 0;
+    while (found < rows.rows() && !isNumber(rows.value(found, column), number))
+        ++found;
+    m_state->noMatch = found == rows.rows();
+    if (m_state->noMatch)
+        return;
+    m_state->row = found - 1; // before the first row for it: the number wraps around and comes back
+    m_state->goOn();
+}
+
+bool Recordset::NoMatch() const
+{
+    m_state->ensureOpen();
+    return m_state->noMatch;
+}
+
+std::shared_ptr<const RowSnapshot> Recordset::snapshot()
+{
+    m_state->readAllAndStay();
+    auto state = std::make_unique<RowSnapshot::State>();
+    state->rows = m_state->rows;
+    state->columns = m_state->query->columns;
+    return std::make_shared<const RowSnapshot>(std::move(state));
+}
+
+std::int32_t Recordset::AbsolutePosition()
+{
+    m_state->ensureStarted();
+    return m_state->atEnd ? -1 : static_cast<std::int32_t>(m_state->row);
 }
 
 Value Recordset::Fields(std::string_view name)

@@ -42,4 +42,14 @@ void loadNoticeKeys(const dao::Ref<dao::Recordset>& rows)
     session::lastKey = session::keyArray.back();
 }
 
+void locateCurrentKey()
+{
+    for (std::int32_t index = 0; index < session::keyCount; ++index) {
+        if (session::keyArray[static_cast<std::size_t>(index)] == session::currentVeldaKey) {
+            session::currentIndex = index;
+            return;
+        }
+    }
+}
+
 } // namespace noticeList

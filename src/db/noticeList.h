@@ -22,4 +22,7 @@ enum class Sort : std::uint8_t
 // The rows stand at the first one again afterwards.
 void loadNoticeKeys(const dao::Ref<dao::Recordset>& rows);
 
+// Sets currentIndex to the first entry of keyArray that is currentVeldaKey; without one it stays.
+void locateCurrentKey();
+
 } // namespace noticeList
