@@ -54,6 +54,15 @@ void loadNotice(Ntc& ntc, std::int16_t noticeNumber)
         platform::showMessage("There has been a database error - no updates in the database");
 }
 
+// A file beside a working database: other letters in the place of the path's last three.
+std::string siblingOf(const std::string& workingDatabase, const char* letters)
+{
+    const auto characters = platform::characterCount(workingDatabase);
+    if (characters < 3)
+        platform::raise(platform::errInvalidCall);
+    return std::string(platform::mid(workingDatabase, 1, characters - 3)) + letters;
+}
+
 } // namespace
 
 std::string workingDatabaseOf(const std::string& electronicFile)
@@ -66,10 +75,12 @@ std::string workingDatabaseOf(const std::string& electronicFile)
 
 std::string updateFileOf(const std::string& workingDatabase)
 {
-    const auto characters = platform::characterCount(workingDatabase);
-    if (characters < 3)
-        platform::raise(platform::errInvalidCall);
-    return std::string(platform::mid(workingDatabase, 1, characters - 3)) + "upd";
+    return siblingOf(workingDatabase, "upd");
+}
+
+std::string reportFileOf(const std::string& workingDatabase)
+{
+    return siblingOf(workingDatabase, "rpt");
 }
 
 void openElectFile(Ntc& ntc)

@@ -14,6 +14,8 @@ namespace readNtcAndWriteToDB {
 // The path of the electronic file that a working database is written to: "upd" in the place of its last three
 // characters. Throws RuntimeError 5 for a shorter path.
 [[nodiscard]] std::string updateFileOf(const std::string& workingDatabase);
+// The same of the report on a load or a check, with "rpt".
+[[nodiscard]] std::string reportFileOf(const std::string& workingDatabase);
 
 // Empties adm and opens session::electFileName as file number 1.
 void openElectFile(Ntc& ntc);

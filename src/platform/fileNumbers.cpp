@@ -163,14 +163,19 @@ void skipBlanks(OpenFile& file)
         ;
 }
 
+// The one line end at the position, if there is any.
+bool takeLineEnd(OpenFile& file)
+{
+    if (!takeIf(file, '\r'))
+        return takeIf(file, '\n');
+    takeIf(file, '\n');
+    return true;
+}
+
 // The one comma or line end at the position, if there is any.
 void takeSeparator(OpenFile& file)
 {
-    if (takeIf(file, '\r')) {
-        takeIf(file, '\n');
-        return;
-    }
-    if (!takeIf(file, '\n'))
+    if (!takeLineEnd(file))
         takeIf(file, ',');
 }
 
@@ -179,9 +184,14 @@ bool isQuote(char byte)
     return byte == '"';
 }
 
+bool endsLine(char byte)
+{
+    return byte == '\r' || byte == '\n';
+}
+
 bool isSeparator(char byte)
 {
-    return byte == ',' || byte == '\r' || byte == '\n';
+    return byte == ',' || endsLine(byte);
 }
 
 // Appends what comes before the first byte that ends the item, which becomes the next one.
@@ -250,6 +260,17 @@ void inputItem(int number, std::string& item)
         takeUntil(file, item, isSeparator);
     }
     takeSeparator(file);
+}
+
+std::string inputLine(int number)
+{
+    auto& file = openForReading(number);
+    if (!hasByte(file))
+        raise(errInputPastEnd);
+    std::string line;
+    takeUntil(file, line, endsLine);
+    takeLineEnd(file);
+    return line;
 }
 
 bool endOfFile(int number)

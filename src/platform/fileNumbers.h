@@ -20,6 +20,10 @@ void openForAppend(int number, const std::string& path);
 // The same into a string that the caller keeps.
 void inputItem(int number, std::string& item);
 
+// One line without its end (CR LF, CR or LF), which is taken along; commas and quotes are plain. At the end
+// of the file: 62.
+[[nodiscard]] std::string inputLine(int number);
+
 [[nodiscard]] bool endOfFile(int number);
 
 // The text and CR LF. What was printed may stand in a buffer until the file is closed.

@@ -3,6 +3,7 @@
 #include "platform/runtimeError.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace platform {
@@ -34,6 +35,14 @@ enum Pointer : int
     pointerHourglass = 11
 };
 
+// What a dialog for an existing file offers: pairs of a description and a pattern, all parted by "|", and a
+// name that stands in its field at first.
+struct FileChoice
+{
+    std::string filter;
+    std::string fileName;
+};
+
 // What the core tells the operator. The main screen implements it; tests watch it and answer.
 class Host
 {
@@ -44,6 +53,8 @@ public:
     virtual Answer msgBox(const std::string& text, Buttons buttons, Icon icon, const std::string& title) = 0;
     virtual void beep() = 0;
     virtual void setPointer(int pointer) = 0;
+    // Lets the operator pick an existing file and returns its path; nothing when that was cancelled.
+    virtual std::optional<std::string> openFile(const FileChoice& choice) = 0;
     // The list box of the screen that shows the lines of a load or of a check.
     virtual void clearErrorLines() = 0;
     virtual void addErrorLine(const std::string& line) = 0;

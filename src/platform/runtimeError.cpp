@@ -15,6 +15,8 @@ std::string errorDescription(ErrorNumber number)
         return "Subscript out of range";
     case errTypeMismatch:
         return "Type mismatch";
+    case errInternal:
+        return "Internal error";
     case errBadFileNumber:
         return "Bad file name or number";
     case errFileNotFound:
@@ -37,6 +39,8 @@ std::string errorDescription(ErrorNumber number)
         return "Object variable or With block variable not set";
     case errObjectRequired:
         return "Object required";
+    case errDialogCancelled:
+        return "Cancel was selected.";
     }
     return "Application-defined or object-defined error";
 }

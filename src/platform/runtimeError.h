@@ -15,6 +15,7 @@ enum ErrorNumber : int
     errOutOfMemory = 7,
     errSubscript = 9,
     errTypeMismatch = 13,
+    errInternal = 51,
     errBadFileNumber = 52,
     errFileNotFound = 53,
     errFileAlreadyOpen = 55,
@@ -26,6 +27,7 @@ enum ErrorNumber : int
     errPathNotFound = 76,
     errObjectNotSet = 91,
     errObjectRequired = 424,
+    errDialogCancelled = 32755,
 };
 
 class RuntimeError : public std::runtime_error

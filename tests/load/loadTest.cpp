@@ -124,4 +124,7 @@ TEST(PathOfTheUpdateFile, HasExactlyTheLastThreeCharactersSwapped)
     EXPECT_EQ(updateFileOf("abc"), "upd");
     EXPECT_EQ(updateFileOf("y\u00e9\u00e9\u00e9"), "yupd");
     EXPECT_FAILURE(5, static_cast<void>(updateFileOf("ab")));
+    using readNtcAndWriteToDB::reportFileOf;
+    EXPECT_EQ(reportFileOf("C:\\x\\y.mdb"), "C:\\x\\y.rpt");
+    EXPECT_FAILURE(5, static_cast<void>(reportFileOf("ab")));
 }

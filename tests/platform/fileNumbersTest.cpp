@@ -129,6 +129,39 @@ TEST_F(FileNumbers, reuseTheStringOfTheCaller)
     EXPECT_EQ(item, "b");
 }
 
+TEST_F(FileNumbers, readWholeLines)
+{
+    const struct
+    {
+        const char* name;
+        std::string bytes;
+        Items lines;
+    } rows[] = {
+        {"an empty file has no line", "", {}},
+        {"the last line needs no end", "a\r\nb", {"a", "b"}},
+        {"CR LF, CR and LF each end a line", "a\r\nb\rc\nd\r\n", {"a", "b", "c", "d"}},
+        {"LF CR are two line ends", "a\n\rb", {"a", "", "b"}},
+        {"blanks, commas and quotes are plain", "  a , \"b\r\n\", c  \r\n", {"  a , \"b", "\", c  "}},
+        {"the code page is read as characters", "\xE9\x80\n", {"é€"}},
+        {"a line crosses the buffer",
+         std::string(largeSize, 'x') + "\r\ny",
+         {std::string(largeSize, 'x'), "y"}},
+        {"a line's end crosses the buffer",
+         std::string(largeSize - 1, 'x') + "\r\ny",
+         {std::string(largeSize - 1, 'x'), "y"}},
+    };
+    for (const auto& row : rows) {
+        openForInput(1, folder.write("lines.txt", row.bytes));
+        Items lines;
+        while (!endOfFile(1))
+            lines.push_back(inputLine(1));
+        EXPECT_EQ(lines, row.lines) << row.name;
+        EXPECT_EQ(failureOf([] { static_cast<void>(inputLine(1)); }), 62) << row.name;
+        closeFile(1);
+    }
+    EXPECT_EQ(failureOf([] { static_cast<void>(inputLine(1)); }), 52);
+}
+
 TEST_F(FileNumbers, failAtInputPastTheEnd)
 {
     openForInput(1, folder.write("one.txt", "a\r\n"));

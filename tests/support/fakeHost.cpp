@@ -12,10 +12,11 @@ FakeHost::~FakeHost()
     platform::setHost(nullptr);
 }
 
-platform::Answer FakeHost::msgBox(const std::string& text, platform::Buttons buttons, platform::Icon,
-                                  const std::string&)
+platform::Answer FakeHost::msgBox(const std::string& text, platform::Buttons buttons, platform::Icon icon,
+                                  const std::string& title)
 {
     messages.push_back(text);
+    boxes.push_back({title, text, icon, buttons});
     if (buttons == platform::Buttons::Ok)
         return platform::Answer::Ok;
     if (answers.empty()) {
@@ -25,4 +26,16 @@ platform::Answer FakeHost::msgBox(const std::string& text, platform::Buttons but
     const auto answer = answers.front();
     answers.pop_front();
     return answer;
+}
+
+std::optional<std::string> FakeHost::openFile(const platform::FileChoice& choice)
+{
+    fileChoices.push_back(choice);
+    if (chosenFiles.empty()) {
+        ADD_FAILURE() << "no file chosen for: " << choice.filter;
+        return std::nullopt;
+    }
+    auto chosen = chosenFiles.front();
+    chosenFiles.pop_front();
+    return chosen;
 }
