@@ -31,6 +31,16 @@ function(add_zeph_library name)
   target_precompile_headers(${name} PRIVATE <array> <cstdint> <functional> <memory> <string> <string_view> <vector>)
 endfunction()
 
+# add_zeph_qt_library(NAME SOURCES... [LINK libraries...]): a library of windows; the headers stand among the
+# sources, for the meta-object compiler to look at.
+function(add_zeph_qt_library name)
+  cmake_parse_arguments(arg "" "" "LINK" ${ARGN})
+  add_library(${name} STATIC ${arg_UNPARSED_ARGUMENTS})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_link_libraries(${name} PUBLIC zeph_options Qt6::Widgets ${arg_LINK})
+  target_precompile_headers(${name} PRIVATE <QtWidgets> <functional> <memory> <string>)
+endfunction()
+
 # add_zeph_test(NAME SOURCES... [LINK libraries...]): a GoogleTest program, each of whose tests CTest knows by name.
 function(add_zeph_test name)
   cmake_parse_arguments(arg "" "" "LINK" ${ARGN})

@@ -1,0 +1,103 @@
+#include "widgets/application.h"
+
+#include "platform/host.h"
+
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+
+namespace widgets {
+
+namespace {
+
+constexpr int exitAfterFailure = 3;
+
+void reportThroughHost(const platform::RuntimeError& failure)
+{
+    platform::host().setPointer(platform::pointerDefault);
+    platform::host().msgBox("Run-time error '" + std::to_string(failure.number) + "':\n\n" +
+                                failure.description(),
+                            platform::Buttons::Ok, platform::Icon::Critical, "ZEPH_Rvis");
+}
+
+std::function<void(const platform::RuntimeError&)>& reporter()
+{
+    static std::function<void(const platform::RuntimeError&)> current = reportThroughHost;
+    return current;
+}
+
+[[noreturn]] void endProcess()
+{
+    std::fflush(nullptr);
+    std::_Exit(exitAfterFailure);
+}
+
+platform::RuntimeError fixedFailure(platform::ErrorNumber number)
+{
+    return {number, platform::errorDescription(number)};
+}
+
+} // namespace
+
+void setReporter(std::function<void(const platform::RuntimeError&)> newReporter)
+{
+    reporter() = std::move(newReporter);
+}
+
+void endWithReport(const platform::RuntimeError& failure)
+{
+    // Whatever fails while the report stands on the screen has nobody left to be told to.
+    static bool reporting = false;
+    if (reporting)
+        endProcess();
+    reporting = true;
+    std::fprintf(stderr, "run-time error %d: %s\n", failure.number, failure.what());
+    try {
+        reporter()(failure);
+    } catch (...) {
+        endProcess();
+    }
+    endProcess();
+}
+
+void endWithCurrentException()
+{
+    try {
+        throw;
+    } catch (const platform::RuntimeError& failure) {
+        endWithReport(failure);
+    } catch (const std::bad_alloc&) {
+        endWithReport(fixedFailure(platform::errOutOfMemory));
+    } catch (const std::exception& failure) {
+        endWithReport({platform::errInternal,
+                       platform::errorDescription(platform::errInternal) + " (" + failure.what() + ")"});
+    } catch (...) {
+        endWithReport(fixedFailure(platform::errInternal));
+    }
+}
+
+Application::Application(int& count, char** arguments) : QApplication(count, arguments)
+{
+    // The toolkit takes over the host's locale for the C library too; numbers in files have a decimal point.
+    std::setlocale(LC_NUMERIC, "C");
+    setApplicationName(QStringLiteral("zeph_rvis"));
+    setApplicationVersion(QStringLiteral("1.6.1"));
+}
+
+bool Application::notify(QObject* receiver, QEvent* event)
+try {
+    const auto passage = m_gate.ask(receiver, event);
+    if (passage == LeaveGate::Passage::Stopped)
+        return true;
+    if (passage == LeaveGate::Passage::Free && event->type() != QEvent::FocusOut)
+        return QApplication::notify(receiver, event);
+    const QPointer<QObject> alive = receiver;
+    const bool accepted = QApplication::notify(receiver, event);
+    m_gate.delivered(passage, alive, *event);
+    return accepted;
+} catch (...) {
+    endWithCurrentException();
+}
+
+} // namespace widgets
