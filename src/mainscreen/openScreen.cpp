@@ -1,0 +1,149 @@
+#include "mainscreen/openScreen.h"
+
+#include "mainscreen/noticeListModel.h"
+#include "mainscreen/noticeListView.h"
+#include "mainscreen/qtHost.h"
+#include "mainscreen/rvisAbout.h"
+#include "model/session.h"
+#include "widgets/application.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QVBoxLayout>
+
+// What the screen is made of, how it starts and how it ends.
+namespace mainscreen {
+
+namespace {
+
+constexpr const char* openEvent = " Rvis(1.6.1) Successful OPEN   by ";
+constexpr const char* exitEvent = " Rvis. Successful EXIT   by ";
+constexpr const char* unloadEvent = " Rvis. Successful UNLOAD by ";
+
+// Runs one statement whose failure is passed over.
+template <class Statement>
+void resumingNext(Statement statement)
+{
+    try {
+        statement();
+    } catch (const platform::RuntimeError&) {
+        return; // the next statement is the answer to it
+    }
+}
+
+void writeLogLine(const char* event)
+{
+    resumingNext([event] { session::writeLogLine(event); });
+}
+
+} // namespace
+
+OpenScreen::OpenScreen(QtHost& host) : m_host(host), m_menu(*menuBar())
+{
+    build();
+    session::ntcChanged = false;
+    writeLogLine(openEvent);
+}
+
+void OpenScreen::build()
+{
+    setObjectName(QStringLiteral("OpenScreen"));
+    setWindowTitle(QStringLiteral("ZEPH_Rvis"));
+    buildContent();
+    connectMenu();
+    hideList();
+    resize(1200, 720);
+}
+
+void OpenScreen::buildContent()
+{
+    auto* const content = new QWidget(this);
+    m_txtFileName = new QLineEdit(content);
+    m_txtFileName->setObjectName(QStringLiteral("txtFileName"));
+    m_txtFileName->setAccessibleName(QStringLiteral("File"));
+    m_txtFileName->setReadOnly(true);
+    m_txtFileName->hide();
+    m_lblLoadDB = new QLabel(QStringLiteral("Loading database ... Please wait"), content);
+    m_lblLoadDB->setObjectName(QStringLiteral("LblLoadDB"));
+    m_lblLoadDB->hide();
+    m_lblCount = new QLabel(content);
+    m_lblCount->setObjectName(QStringLiteral("LblCount"));
+    m_lblCount->hide();
+    m_hint = new QLabel(QStringLiteral("Ctrl+T opens a notice file, Ctrl+M a working database."), content);
+    m_list = new NoticeListModel(this);
+    m_dbGridView = new NoticeListView(content);
+    m_dbGridView->setObjectName(QStringLiteral("DBGridView"));
+    m_dbGridView->setAccessibleName(QStringLiteral("Notices"));
+    m_dbGridView->setModel(m_list);
+    connect(m_dbGridView, &NoticeListView::opened, this, widgets::guarded([this] { openNotice(); }));
+
+    auto* const layout = new QVBoxLayout(content);
+    layout->addWidget(m_txtFileName);
+    for (auto* const label : {m_lblLoadDB, m_hint, m_lblCount})
+        label->setTextFormat(Qt::PlainText);
+    for (auto* const label : {m_lblLoadDB, m_hint}) {
+        label->setAlignment(Qt::AlignCenter);
+        layout->addWidget(label, 1);
+    }
+    m_hint->setForegroundRole(QPalette::PlaceholderText);
+    layout->addWidget(m_dbGridView, 1);
+    layout->addWidget(m_lblCount);
+    setCentralWidget(content);
+}
+
+void OpenScreen::connectMenu()
+{
+    const auto run = [this](const char* item, auto command) {
+        connect(m_menu.item(item), &QAction::triggered, this,
+                widgets::guarded([command](bool) { command(); }));
+    };
+    run("mnuOpenMDB", [this] { openWorkingDatabase(); });
+    run("mnuOpenTxt", [this] { loadElectronicFile(); });
+    run("mnuClose", [this] { closeWorkingDatabase(); });
+    run("mnuSortIndex", [this] { sortBy("mnuSortIndex"); });
+    run("mnuSortAdmFreq", [this] { sortBy("mnuSortAdmFreq"); });
+    run("mnuFilter", [this] { filterNotices(); });
+    run("mnuAbout", [this] { showAbout(); });
+    run("mnuFileExit", [this] { exitProgram(); });
+}
+
+void OpenScreen::showAbout()
+{
+    RvisAbout(this).exec();
+}
+
+void OpenScreen::exitProgram()
+{
+    if (!m_dataNtcPub.DatabaseName.empty())
+        m_dataNtcPub.unbind();
+    writeLogLine(exitEvent);
+    // A failure while changes are saved keeps the screen, and with it the changes.
+    resumingNext([this] {
+        unload();
+        close();
+    });
+    m_host.setPointer(platform::pointerDefault);
+}
+
+void OpenScreen::unload()
+{
+    offerSaving();
+    writeLogLine(unloadEvent);
+    m_unloaded = true;
+}
+
+void OpenScreen::closeEvent(QCloseEvent* event)
+{
+    widgets::guarded([this] {
+        if (!m_unloaded)
+            unload();
+    })();
+    event->accept();
+    m_host.unloadErrorMsg();
+    QCoreApplication::exit(0);
+}
+
+} // namespace mainscreen

@@ -1,0 +1,166 @@
+#include "db/MainModule.h"
+#include "db/noticeList.h"
+#include "db/readDBToNtc.h"
+#include "mainscreen/noticeListModel.h"
+#include "mainscreen/noticeListView.h"
+#include "mainscreen/openScreen.h"
+#include "mainscreen/qtHost.h"
+#include "model/InitializeNtc.h"
+#include "model/session.h"
+#include "platform/numberText.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLayout>
+#include <QScrollBar>
+
+#include <array>
+
+// The list of notices: refresh, sort, filter, and the way to a notice and back.
+namespace mainscreen {
+
+namespace {
+
+constexpr int errNoCurrentRecord = 3021;
+
+void showNotice()
+{
+    constexpr std::array<std::string_view, 4> screens{"T11", "T12", "T13", "T14"};
+    if (session::notice.adm.empty())
+        platform::showMessage("No notice this should never happen");
+    else if (std::find(screens.begin(), screens.end(), session::notice.notice_typ) == screens.end())
+        platform::showMessage("Sorry! T15, T16 and T17 screens aren't ready yet");
+}
+
+} // namespace
+
+std::string OpenScreen::buildNoticeQuery() const
+{
+    const auto sort =
+        m_menu.item("mnuSortAdmFreq")->isChecked() ? noticeList::Sort::AdmFreq : noticeList::Sort::Index;
+    return noticeList::buildNoticeQuery(m_filter.whereClause, sort);
+}
+
+void OpenScreen::refreshNoticeList(FileCheck check)
+{
+    showLoading();
+    m_host.setPointer(platform::pointerHourglass);
+    m_dataNtcPub.DatabaseName = m_dbName;
+    m_dataNtcPub.Exclusive = false;
+    m_dataNtcPub.ReadOnly = true;
+    m_dataNtcPub.RecordSource = buildNoticeQuery();
+    m_dataNtcPub.Refresh(check == FileCheck::Quick);
+    // From here on a failure is shown and goes no further.
+    try {
+        if (!m_keysValid || session::ntcChanged)
+            loadNoticeKeys();
+        m_host.setPointer(platform::pointerDefault);
+        showList();
+        m_menu.setEnabled("mnuTools", true);
+    } catch (const platform::RuntimeError& failure) {
+        m_host.setPointer(platform::pointerDefault);
+        if (failure.number != 0)
+            platform::showFailure(failure);
+    }
+}
+
+void OpenScreen::loadNoticeKeys()
+{
+    m_keysValid = true;
+    noticeList::loadNoticeKeys(m_dataNtcPub.Recordset());
+    m_lblCount->setText(QString::fromStdString(platform::integerText(session::keyCount) + " record(s)"));
+    m_lblCount->show();
+}
+
+void OpenScreen::showLoading()
+{
+    m_hint->hide();
+    m_dbGridView->hide();
+    m_lblLoadDB->show();
+    // At once and without the event loop: what the operator types or clicks meanwhile has to wait.
+    centralWidget()->layout()->activate();
+    repaint();
+}
+
+void OpenScreen::showList()
+{
+    m_list->setRows(m_dataNtcPub.rows());
+    m_lblLoadDB->hide();
+    m_hint->hide();
+    m_dbGridView->show();
+    m_dbGridView->sizeColumnsOnce();
+    m_dbGridView->setCurrentRow(0);
+    m_dbGridView->setFocus();
+}
+
+void OpenScreen::hideList()
+{
+    m_dbGridView->hide();
+    m_hint->setVisible(!m_lblLoadDB->isVisibleTo(this));
+}
+
+void OpenScreen::sortBy(const char* chosen)
+{
+    for (const char* item : {"mnuSortIndex", "mnuSortAdmFreq"})
+        m_menu.item(item)->setChecked(std::string_view(item) == chosen);
+    m_keysValid = false;
+    refreshNoticeList();
+}
+
+void OpenScreen::filterNotices()
+{
+    SelectDlg(m_filter, this).exec();
+    m_keysValid = false;
+    refreshNoticeList();
+}
+
+std::int32_t OpenScreen::keyOfCurrentRow() const
+{
+    const int row = m_dbGridView->currentRow();
+    if (row < 0)
+        throw platform::RuntimeError(errNoCurrentRecord, "No current record.");
+    return m_dataNtcPub.rows()->value(static_cast<std::size_t>(row), 0).toLong();
+}
+
+void OpenScreen::openNotice()
+{
+    session::ntcChanged = false;
+    m_host.setPointer(platform::pointerHourglass);
+    try {
+        session::currentVeldaKey = keyOfCurrentRow();
+        m_dataNtcPub.closeRecordset();
+        m_dataNtcPub.closeDatabase();
+        noticeList::locateCurrentKey();
+        readCurrentNotice();
+        m_host.setPointer(platform::pointerDefault);
+        showNotice();
+        returnToList();
+    } catch (const platform::RuntimeError& failure) {
+        platform::showFailure(failure);
+    }
+}
+
+void OpenScreen::readCurrentNotice()
+{
+    InitializeNtc::clearNtcAdm(session::notice);
+    InitializeNtc::initNtc(session::notice);
+    MainModule::openDatabase(true, m_dbName, session::db);
+    readDBToNtc::readNtc(session::currentVeldaKey, session::notice, session::db);
+    MainModule::closeDatabase(session::db);
+}
+
+void OpenScreen::returnToList()
+{
+    const int place = m_dbGridView->verticalScrollBar()->value();
+    repaint();
+    hideList();
+    refreshNoticeList();
+    const auto& rows = m_dataNtcPub.Recordset();
+    rows->FindFirst("veldakey = " + platform::integerText(session::currentVeldaKey));
+    if (rows->NoMatch())
+        return;
+    m_dbGridView->verticalScrollBar()->setValue(place);
+    m_dbGridView->setCurrentRow(rows->AbsolutePosition());
+}
+
+} // namespace mainscreen

@@ -1,0 +1,157 @@
+#include "mainscreen/qtHost.h"
+
+#include "mainscreen/errorMsg.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace mainscreen {
+
+namespace {
+
+QMessageBox::Icon iconOf(platform::Icon icon)
+{
+    switch (icon) {
+    case platform::Icon::Information:
+        return QMessageBox::Information;
+    case platform::Icon::Exclamation:
+        return QMessageBox::Warning;
+    case platform::Icon::Question:
+        return QMessageBox::Question;
+    case platform::Icon::Critical:
+        return QMessageBox::Critical;
+    case platform::Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons buttonsOf(platform::Buttons buttons)
+{
+    return buttons == platform::Buttons::YesNo ? QMessageBox::Yes | QMessageBox::No
+                                               : QMessageBox::StandardButtons(QMessageBox::Ok);
+}
+
+platform::Answer answerOf(int button)
+{
+    switch (button) {
+    case QMessageBox::Yes:
+        return platform::Answer::Yes;
+    case QMessageBox::No:
+        return platform::Answer::No;
+    default:
+        return platform::Answer::Ok;
+    }
+}
+
+// The window that a box or a dialog stands over.
+QWidget* windowInFront()
+{
+    if (auto* const modal = QApplication::activeModalWidget())
+        return modal;
+    if (auto* const active = QApplication::activeWindow())
+        return active;
+    const auto windows = QApplication::topLevelWidgets();
+    for (auto* const window : windows) {
+        if (window->isVisible() && window->windowType() == Qt::Window)
+            return window;
+    }
+    return nullptr;
+}
+
+// "Text (*.txt)|*.txt|Other (*.o)|*.o" as the toolkit's name filters: each description names its pattern.
+QStringList nameFilters(const std::string& filter)
+{
+    const auto parts = QString::fromStdString(filter).split(u'|');
+    QStringList filters;
+    for (qsizetype index = 0; index + 1 < parts.size(); index += 2)
+        filters << parts[index];
+    return filters;
+}
+
+} // namespace
+
+QtHost::QtHost()
+{
+    platform::setHost(this);
+}
+
+QtHost::~QtHost()
+{
+    unloadErrorMsg();
+    platform::setHost(nullptr);
+}
+
+platform::Answer QtHost::msgBox(const std::string& text, platform::Buttons buttons, platform::Icon icon,
+                                const std::string& title)
+{
+    QMessageBox box(windowInFront());
+    box.setTextFormat(Qt::PlainText);
+    box.setIcon(iconOf(icon));
+    box.setWindowTitle(QString::fromStdString(title));
+    box.setText(QString::fromStdString(text));
+    box.setStandardButtons(buttonsOf(buttons));
+    return answerOf(box.exec());
+}
+
+void QtHost::beep()
+{
+    QApplication::beep();
+}
+
+void QtHost::setPointer(int pointer)
+{
+    if (pointer == m_pointer)
+        return;
+    m_pointer = pointer;
+    if (QApplication::overrideCursor() != nullptr)
+        QApplication::restoreOverrideCursor();
+    if (pointer == platform::pointerHourglass)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+std::optional<std::string> QtHost::openFile(const platform::FileChoice& choice)
+{
+    const auto filters = nameFilters(choice.filter);
+    const auto offered = QString::fromStdString(choice.fileName);
+    QFileDialog dialog(windowInFront(), QStringLiteral("Open"), m_folder);
+    dialog.setObjectName(QStringLiteral("CMDialog"));
+    dialog.setProperty("filter", QString::fromStdString(choice.filter));
+    dialog.setProperty("fileName", offered);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilters(filters);
+    if (!offered.isEmpty())
+        dialog.selectFile(offered);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    const auto path = dialog.selectedFiles().constFirst();
+    m_folder = QFileInfo(path).absolutePath();
+    return path.toStdString();
+}
+
+ErrorMsg& QtHost::errorMsg()
+{
+    if (!m_errorMsg)
+        m_errorMsg = new ErrorMsg(windowInFront());
+    return *m_errorMsg;
+}
+
+void QtHost::unloadErrorMsg()
+{
+    delete m_errorMsg.data();
+}
+
+void QtHost::clearErrorLines()
+{
+    errorMsg().clear();
+}
+
+void QtHost::addErrorLine(const std::string& line)
+{
+    errorMsg().addLine(line);
+}
+
+} // namespace mainscreen

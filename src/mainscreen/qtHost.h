@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/host.h"
+
+#include <QPointer>
+#include <QString>
+
+namespace mainscreen {
+
+class ErrorMsg;
+
+// The host as the operator meets it: plain-text boxes, file dialogs that open in the folder last used, the
+// mouse pointer as a state, and the list of messages. It is the process's host while it lives.
+class QtHost : public platform::Host
+{
+public:
+    QtHost();
+    ~QtHost() override;
+    QtHost(const QtHost&) = delete;
+    QtHost& operator=(const QtHost&) = delete;
+
+    platform::Answer msgBox(const std::string& text, platform::Buttons buttons, platform::Icon icon,
+                            const std::string& title) override;
+    void beep() override;
+    void setPointer(int pointer) override;
+    std::optional<std::string> openFile(const platform::FileChoice& choice) override;
+    void clearErrorLines() override;
+    void addErrorLine(const std::string& line) override;
+
+    // The window of the messages; made, but not shown, when first asked for since it was unloaded.
+    [[nodiscard]] ErrorMsg& errorMsg();
+    [[nodiscard]] bool isErrorMsgLoaded() const { return !m_errorMsg.isNull(); }
+    void unloadErrorMsg();
+
+    [[nodiscard]] int pointer() const { return m_pointer; }
+
+private:
+    int m_pointer = platform::pointerDefault;
+    QString m_folder;              // of the file picked last; empty before the first
+    QPointer<ErrorMsg> m_errorMsg; // goes with the window that it was loaded over, at the latest
+};
+
+} // namespace mainscreen

@@ -1,0 +1,36 @@
+#include "mainscreen/selectIndexDlg.h"
+
+#include "mainscreen/dialogParts.h"
+#include "platform/numberText.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace mainscreen {
+
+SelectIndexDlg::SelectIndexDlg(std::int32_t& number, QWidget* parent)
+    : QDialog(parent), m_number(number), m_index(named("TxtIndex", new QLineEdit, "Index number"))
+{
+    setWindowTitle("Notice");
+    auto* layout = new QVBoxLayout(this);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    auto* row = new QHBoxLayout;
+    row->addWidget(named("LblIndex", new QLabel("Index number")));
+    row->addWidget(m_index);
+    layout->addLayout(row);
+
+    addOkAndCancel(*this, named("OKButton", new QPushButton("OK")),
+                   named("CancelButton", new QPushButton("Cancel")), [this] { takeNumber(); });
+    m_index->setFocus();
+}
+
+void SelectIndexDlg::takeNumber()
+{
+    m_number = platform::roundToLong(platform::readNumber(m_index->text().toStdString()));
+    accept();
+}
+
+} // namespace mainscreen
