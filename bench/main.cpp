@@ -3,6 +3,7 @@
 #include "fixtures.h"
 #include "floorCheck.h"
 #include "registry.h"
+#include "widgets/application.h"
 
 #include <cstdio>
 #include <exception>
@@ -31,6 +32,7 @@ void run(int count, char** arguments)
     registry::addWriting();
     registry::addList();
     registry::addRecord();
+    registry::addWindow();
     registry::runAll();
 }
 
@@ -40,6 +42,8 @@ int main(int count, char** arguments)
 {
     int status = 0;
     try {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        const widgets::Application application(count, arguments);
         run(count, arguments);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());

@@ -39,5 +39,6 @@ void addOpening();
 void addWriting();
 void addList();
 void addRecord();
+void addWindow();
 
 } // namespace registry
