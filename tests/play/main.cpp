@@ -1,0 +1,109 @@
+// play SCRIPT: works the main screen as an operator does, with key presses and mouse clicks, and prints what
+// happens.
+#include "mainscreen/openScreen.h"
+#include "platform/paths.h"
+#include "platform/userName.h"
+#include "play/options.h"
+#include "play/player.h"
+#include "play/playHost.h"
+#include "widgets/application.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+namespace {
+
+constexpr int exitUsage = 2;
+
+std::string everythingIn(std::istream& stream)
+{
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::string scriptText(const std::string& file)
+{
+    if (file == "-")
+        return everythingIn(std::cin);
+    std::ifstream stream(file, std::ios::binary);
+    auto text = everythingIn(stream);
+    if (!stream)
+        throw play::UsageError("can't read " + file);
+    return text;
+}
+
+bool isDisplayThere()
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+// Without a display the toolkit says with each window what it can't do there.
+void passOnMessage(QtMsgType, const QMessageLogContext&, const QString& text)
+{
+    if (!text.startsWith(QLatin1String("This plugin does not support")))
+        std::cerr << text.toStdString() << '\n';
+}
+
+// Before the application is made.
+void choosePlatform(const play::Options& options)
+{
+    qputenv("QT_NO_GLIB", "1"); // one event dispatcher everywhere, which tells when it is about to wait
+    if (options.platform)
+        qputenv("QT_QPA_PLATFORM", QByteArray::fromStdString(*options.platform));
+    else if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !isDisplayThere())
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+}
+
+void setHostUp(const play::Options& options)
+{
+    if (options.programDirectory)
+        platform::setProgramDirectory(std::filesystem::absolute(*options.programDirectory).string());
+    platform::setHostUserName(options.user);
+    platform::setClock(options.now);
+    platform::setHostLocale(options.locale.value_or(""));
+}
+
+play::Player::Patience patience()
+{
+    if (QApplication::platformName() == QLatin1String("offscreen"))
+        return {3, 0};
+    return {4, 20};
+}
+
+int run(const play::Options& options, int count, char** arguments)
+{
+    auto commands = play::parseScript(scriptText(options.script));
+    qInstallMessageHandler(passOnMessage);
+    choosePlatform(options);
+    setHostUp(options);
+    const widgets::Application application(count, arguments);
+    static play::PrintedTranscript transcript; // the report of a failure prints on it when all else is gone
+    widgets::setReporter([&](const platform::RuntimeError& failure) {
+        transcript.line("run-time error " + std::to_string(failure.number) + ": " + failure.description());
+    });
+    play::Stage stage(transcript);
+    play::PlayHost host(transcript);
+    mainscreen::OpenScreen screen(host);
+    stage.mainWindow = stage.screen = &screen;
+    play::Player player(stage, std::move(commands), patience());
+    player.start();
+    screen.show();
+    QApplication::exec();
+    return player.finish();
+}
+
+} // namespace
+
+int main(int count, char** arguments)
+try {
+    return run(play::parseOptions({arguments + 1, arguments + count}), count, arguments);
+} catch (const play::UsageError& error) {
+    std::cerr << "play: " << error.what()
+              << "\nusage: play [--program-dir DIR] [--user NAME] [--now \"YYYY-MM-DD HH:MM:SS\"]"
+                 " [--locale NAME]\n            [--platform offscreen|xcb] SCRIPT\n";
+    return exitUsage;
+} catch (...) {
+    widgets::endWithCurrentException();
+}
