@@ -3,8 +3,10 @@
 #include "mainscreen/errorMsg.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -34,6 +36,31 @@ QMessageBox::StandardButtons buttonsOf(platform::Buttons buttons)
     return buttons == platform::Buttons::YesNo ? QMessageBox::Yes | QMessageBox::No
                                                : QMessageBox::StandardButtons(QMessageBox::Ok);
 }
+
+// A question is answered by one of its buttons: neither Escape nor the frame stands for one of them, for a
+// stray key must not decide about an operator's changes.
+class QuestionBox : public QMessageBox
+{
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (!isQuestion() || !event->matches(QKeySequence::Cancel))
+            QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent* event) override
+    {
+        if (isQuestion())
+            event->ignore();
+        else
+            QMessageBox::closeEvent(event);
+    }
+
+private:
+    [[nodiscard]] bool isQuestion() const { return standardButtons().testFlag(QMessageBox::No); }
+};
 
 platform::Answer answerOf(int button)
 {
@@ -88,7 +115,7 @@ QtHost::~QtHost()
 platform::Answer QtHost::msgBox(const std::string& text, platform::Buttons buttons, platform::Icon icon,
                                 const std::string& title)
 {
-    QMessageBox box(windowInFront());
+    QuestionBox box(windowInFront());
     box.setTextFormat(Qt::PlainText);
     box.setIcon(iconOf(icon));
     box.setWindowTitle(QString::fromStdString(title));
