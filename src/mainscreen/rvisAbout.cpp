@@ -65,7 +65,8 @@ bool RvisAbout::eventFilter(QObject* receiver, QEvent* event)
         m_pressed = true;
     } else if (left && event->type() == QEvent::MouseButtonRelease && m_pressed) {
         m_pressed = false;
-        accept();
+        if (!m_about->textCursor().hasSelection()) // the end of marking text is no click
+            accept();
     }
     return QDialog::eventFilter(receiver, event);
 }

@@ -164,6 +164,23 @@ TEST_F(About, isClosedByTheFrameButByNoKey)
     EXPECT_FALSE(about.isVisible());
 }
 
+TEST_F(About, textCanBeMarkedWithTheMouse)
+{
+    folder.write(fileName, "a line that is long enough\r\n");
+    RvisAbout dialog;
+    open(dialog);
+    auto& text = control<QPlainTextEdit>(dialog, "TxtAbout");
+    QTest::mousePress(text.viewport(), Qt::LeftButton, {}, QPoint(6, 12));
+    QMouseEvent drag(QEvent::MouseMove, QPointF(90, 12), text.viewport()->mapToGlobal(QPointF(90, 12)),
+                     Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(text.viewport(), &drag);
+    QTest::mouseRelease(text.viewport(), Qt::LeftButton, {}, QPoint(90, 12));
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_TRUE(text.textCursor().hasSelection());
+    QTest::mouseClick(text.viewport(), Qt::LeftButton, {}, QPoint(6, 60));
+    EXPECT_FALSE(dialog.isVisible());
+}
+
 TEST(AboutText, standsBesideTheProgramsInPlainText)
 {
     std::ostringstream shipped;
