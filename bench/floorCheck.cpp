@@ -1,12 +1,16 @@
 #include "floorCheck.h"
 
+#include "bareChange.h"
 #include "bareList.h"
 #include "bareLoad.h"
 #include "bareReader.h"
 #include "bareWrite.h"
 #include "compareDatabases.h"
+#include "db/deleteNtcFromDB.h"
 #include "db/MainModule.h"
 #include "db/noticeList.h"
+#include "db/readDBToNtc.h"
+#include "db/updateNtcInDB.h"
 #include "elect/writeNtcToElect.h"
 #include "fixtures.h"
 #include "model/session.h"
@@ -57,6 +61,45 @@ void checkShape(Shape shape, int count)
     checkListAndWriting(ours);
 }
 
+// The notice with the content of another one: all that a notice has changes, also whether it has a target.
+void checkUpdate(int key, int other, const std::string& ours, const std::string& floor)
+{
+    auto ntc = std::make_unique<Ntc>();
+    MainModule::openWorkspace(session::ws);
+    MainModule::openDatabase(false, ours, session::db);
+    require(readDBToNtc::readNtc(other, *ntc, session::db), "notice to be read");
+    session::currentVeldaKey = key;
+    updateNtcInDB::updateNtc(key, *ntc, session::ws, session::db);
+    MainModule::closeDatabase(session::db);
+    MainModule::closeWorkspace(session::ws);
+    const auto notice = std::make_unique<bare::Notice>(bare::noticeOf(*ntc));
+    bare::updateNotice(floor, key, *notice, ntc->target.present);
+}
+
+void checkDelete(int key, const std::string& ours, const std::string& floor)
+{
+    session::currentTargetKey = 0;
+    MainModule::openWorkspace(session::ws);
+    MainModule::openDatabase(false, ours, session::db);
+    deleteNtcFromDB::deleteNtc(key, session::ws, session::db);
+    MainModule::closeDatabase(session::db);
+    MainModule::closeWorkspace(session::ws);
+    bare::deleteNotice(floor, key);
+}
+
+void checkChanges()
+{
+    const auto loaded = fixtures::loadedDatabase(Shape::Diverse, 1000);
+    const auto ours = fixtures::copyDatabase(loaded, "oursChecked");
+    const auto floor = fixtures::copyDatabase(loaded, "floorChecked");
+    for (int key = 1; key <= 100; ++key)
+        checkUpdate(key, key + 500, ours, floor);
+    compareDatabases(ours, floor);
+    for (int key = 51; key <= 150; ++key)
+        checkDelete(key, ours, floor);
+    compareDatabases(ours, floor);
+}
+
 } // namespace
 
 void checkFloors()
@@ -65,5 +108,6 @@ void checkFloors()
     checkShape(Shape::Diverse, 1000);
     checkShape(Shape::OneFrequency, 300);
     checkShape(Shape::OnePosition, 300);
+    checkChanges();
     platform::setClock({});
 }

@@ -30,6 +30,7 @@ void run(int count, char** arguments)
     registry::addLoad();
     registry::addOpening();
     registry::addWriting();
+    registry::addChanges();
     registry::addList();
     registry::addRecord();
     registry::addWindow();

@@ -26,17 +26,19 @@ struct Ratio
     std::string label;
     std::string above, below; // names of measures
     double target = 0;        // 0: none
+    bool wall = false;        // of the time that passes, not of the CPU time
 };
 
 void compare(const Ratio& ratio);
 
-// The medians of the CPU time of all that ran, set against one another where both sides of a ratio ran.
+// The medians of all that ran, set against one another where both sides of a ratio ran.
 void runAll();
 
 // Of each file: registers its measures.
 void addLoad();
 void addOpening();
 void addWriting();
+void addChanges();
 void addList();
 void addRecord();
 void addWindow();

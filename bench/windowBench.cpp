@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstdio>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
 
 namespace {
@@ -61,10 +62,28 @@ void paintByProduct(State& state, int notices)
     state.counters["peak_MB"] = std::stod(kilobytes) / 1024;
 }
 
+// The time of a step; the first screen is told beside it.
+void walkByProduct(State& state)
+{
+    constexpr int steps = 200;
+    const auto database = fixtures::loadedDatabase(fixtures::Shape::Diverse, 1000);
+    double first = 0;
+    for ([[maybe_unused]] auto turn : state) {
+        std::istringstream figures(runWindow("walk '" + database + "' " + std::to_string(steps)));
+        double milliseconds = 0;
+        double step = 0;
+        figures >> milliseconds >> step;
+        first += milliseconds;
+        state.SetIterationTime(step * 1e-3);
+    }
+    state.counters["first_ms"] = first / static_cast<double>(state.iterations());
+}
+
 } // namespace
 
 void registry::addWindow()
 {
+    add({"walk", benchmark::kMillisecond, walkByProduct, 3, 3, true});
     add({"start", benchmark::kMillisecond, startProgram, 5, 5, true});
     std::vector<int> sizes = {fixtures::fullFile};
     if (fixtures::withLarge())

@@ -1,11 +1,21 @@
 // zeph_bench_window start: the program up to its painted main screen, then the end without any clearing up.
-// zeph_bench_window list DATABASE ROWS: the list up to its painted rows; prints how far the memory of the
-// process grew for it at its height, in kilobytes.
+// zeph_bench_window walk DATABASE STEPS: the first notice up to its painted screen, then on by the button to
+// the next; prints the milliseconds that pass for the one and for each step. zeph_bench_window list DATABASE
+// ROWS: the list up to its painted rows; prints how far the memory of the process grew for it at its height,
+// in kilobytes.
+#include "db/currentNotice.h"
+#include "db/noticeList.h"
 #include "mainscreen/openScreen.h"
 #include "mainscreen/qtHost.h"
+#include "model/session.h"
 #include "paintedList.h"
+#include "screens/noticeWalk.h"
 #include "widgets/application.h"
 
+#include <QPushButton>
+#include <QTimer>
+
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -44,6 +54,50 @@ void list(const std::string& database, int rows)
     std::printf("%ld\n", memoryFigure("VmHWM") - before);
 }
 
+using Clock = std::chrono::steady_clock;
+
+double millisecondsSince(Clock::time_point begin)
+{
+    return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
+}
+
+void readFirstNotice(const std::string& database)
+{
+    const auto rows =
+        dao::DBEngine::OpenDatabase(database, false, true)
+            ->OpenRecordset(noticeList::buildNoticeQuery("", noticeList::Sort::Index), dao::dbOpenDynaset);
+    noticeList::loadNoticeKeys(rows);
+    session::currentIndex = 0;
+    session::currentVeldaKey = session::keyArray.at(0);
+    currentNotice::read(database);
+}
+
+double millisecondsOfWalk(int steps)
+{
+    const auto begin = Clock::now();
+    for (int step = 0; step < steps; ++step) {
+        QApplication::activeModalWidget()->findChild<QPushButton*>("ButtonNextNtc")->click();
+        QApplication::activeModalWidget()->repaint();
+    }
+    return millisecondsSince(begin);
+}
+
+void walk(const std::string& database, int steps)
+{
+    const mainscreen::QtHost host;
+    readFirstNotice(database);
+    QWidget mainScreen;
+    screens::NoticeWalk notices(&mainScreen);
+    const auto begin = Clock::now();
+    QTimer::singleShot(0, &mainScreen, widgets::guarded([begin, steps] {
+                           QApplication::activeModalWidget()->repaint();
+                           const double first = millisecondsSince(begin);
+                           std::printf("%.3f %.3f\n", first, millisecondsOfWalk(steps) / steps);
+                           QApplication::activeModalWidget()->close();
+                       }));
+    notices.show(*screens::screenOf(session::notice.notice_typ), database);
+}
+
 } // namespace
 
 int main(int count, char** arguments)
@@ -53,9 +107,9 @@ try {
     const std::string task = count > 1 ? arguments[1] : "";
     if (task == "start")
         start();
-    if (task != "list" || count != 4)
-        throw std::runtime_error("usage: zeph_bench_window start | list DATABASE ROWS");
-    list(arguments[2], std::stoi(arguments[3]));
+    if ((task != "list" && task != "walk") || count != 4)
+        throw std::runtime_error("usage: zeph_bench_window start | list DATABASE ROWS | walk DATABASE STEPS");
+    (task == "list" ? list : walk)(arguments[2], std::stoi(arguments[3]));
     return EXIT_SUCCESS;
 } catch (const std::exception& failure) {
     std::fprintf(stderr, "%s\n", failure.what());

@@ -44,4 +44,20 @@ void markingFailure(Steps steps)
     }
 }
 
+// Runs the steps as one transaction. Their failure rolls all of it back, and marks the session only behind
+// the message.
+template <class Steps>
+void inTransaction(const dao::Ref<dao::Workspace>& workspace, Steps steps)
+{
+    try {
+        workspace->BeginTrans();
+        steps();
+        workspace->CommitTrans();
+    } catch (const platform::RuntimeError& failure) {
+        workspace->Rollback();
+        platform::showFailure(failure);
+        session::dbStatus = session::errorDb;
+    }
+}
+
 } // namespace MainModule

@@ -2,6 +2,8 @@
 
 #include "db/columns.h"
 #include "db/MainModule.h"
+#include "db/queries.h"
+#include "db/recordsets.h"
 #include "model/InitializeNtc.h"
 #include "model/ScreenModule.h"
 #include "platform/ansiText.h"
@@ -11,65 +13,8 @@ namespace readDBToNtc {
 namespace {
 
 using columns::Reading;
-using dao::dbOpenDynaset;
-using RecordsetRef = dao::Ref<dao::Recordset>;
-
-constexpr const char* noticeQuery =
-    "PARAMETERS [Key] Long;SELECT fragment, adm, addr_code, freq_assgn, op_hh_fr, op_hh_to, stn_cls, op_cls, "
-    "emi_cls, bdwdth_cde, freq_carr, d_inuse, notice_typ, stn_id, stn_type, intent, prov, is_resub, "
-    "adm_ref_id, "
-    "geo_key, d_adm_ntc, target, band_pref, freq_dev, energy_dsp, target, d_rcv, d_updated, src_update FROM "
-    "kvr_velda WHERE veldakey = [Key]";
-constexpr const char* siteQuery = "PARAMETERS [Key] Long;SELECT geo_type, ctry, site_name, zone_id, radius "
-                                  "FROM kvr_geo WHERE geo_key = [Key]";
-constexpr const char* pointsQuery =
-    "PARAMETERS [Key] Long;SELECT long_deg, long_min, long_sec, long_ew, lat_deg, lat_min, lat_sec, lat_ns, "
-    "site_alt FROM kvr_geo_pt WHERE geo_key = [Key]";
-constexpr const char* targetQuery =
-    "PARAMETERS [Key] Long;SELECT trg_freq_assgn, trg_op_hh_fr, trg_op_hh_to, trg_stn_cls, trg_op_cls, "
-    "trg_emi_cls, trg_bdwdth_cde, trg_adm_ref_id, trg_geo_type, trg_zone_id, trg_long_deg, trg_long_min, "
-    "trg_long_sec, trg_long_ew, trg_lat_deg, trg_lat_min, trg_lat_sec, trg_lat_ns FROM kvr_target WHERE "
-    "target = "
-    "[Key]";
-constexpr const char* remarksQuery =
-    "PARAMETERS [Key] Long;SELECT rmk_text FROM kvr_rmks WHERE veldakey = [Key]";
-constexpr const char* antennasQuery =
-    "PARAMETERS [Key] Long;SELECT pwr_xyz, pwr_ant, pwr_dbw, pwr_eiv, ant_dir, azm_max_e, gain_max, "
-    "gain_type, "
-    "bmwdth, ant_ref, elev, polar, hgt_agl, dist_max, is_rot, pwr_dens FROM kvr_ant WHERE veldakey = [Key]";
-constexpr const char* sectorsQuery =
-    "PARAMETERS [Key] Long, [AntNb] Integer;SELECT azm_fr, azm_to FROM kvr_rot WHERE ((veldakey = [Key]) and "
-    "(ant_key = [AntNb]))";
-constexpr const char* receiversQuery = "PARAMETERS [Key] Long, [AntNb] Integer;SELECT geo_key, noise_temp "
-                                       "FROM kvr_rx WHERE ((veldakey = [Key]) and "
-                                       "(ant_key = [AntNb]))";
-constexpr const char* transmittersQuery =
-    "PARAMETERS [Key] Long, [AntNb] Integer;SELECT geo_key FROM kvr_tx WHERE ((veldakey = [Key]) and "
-    "(ant_key = [AntNb]))";
-constexpr const char* callSignsQuery =
-    "PARAMETERS [Key] Long;SELECT call_sign FROM kvr_call_sign WHERE veldakey = [Key]";
-constexpr const char* natSrvQuery =
-    "PARAMETERS [Key] Long;SELECT nat_srv FROM kvr_nat_serv WHERE veldakey = [Key]";
-constexpr const char* opAgcyQuery =
-    "PARAMETERS [Key] Long;SELECT op_agcy FROM kvr_op_agcy WHERE veldakey = [Key]";
-constexpr const char* coordQuery =
-    "PARAMETERS [Key] Long;SELECT coord_prov, adm FROM kvr_coord WHERE veldakey = [Key]";
-
-RecordsetRef openQuery(const DatabaseRef& database, const char* text, std::int32_t key)
-{
-    const auto query = database->CreateQueryDef("", text);
-    query->Parameters("Key").setValue(key);
-    return query->OpenRecordset(dbOpenDynaset);
-}
-
-RecordsetRef openQuery(const DatabaseRef& database, const char* text, std::int32_t key,
-                       std::int16_t antennaNumber)
-{
-    const auto query = database->CreateQueryDef("", text);
-    query->Parameters("Key").setValue(key);
-    query->Parameters("AntNb").setValue(antennaNumber);
-    return query->OpenRecordset(dbOpenDynaset);
-}
+using recordsets::openQuery;
+using recordsets::RecordsetRef;
 
 std::string converted(std::string&& text, Reading reading)
 {
@@ -138,7 +83,7 @@ void readList(const DatabaseRef& database, const char* query, const char* column
 
 void readPoints(std::int32_t geoKey, NtcGeo& geo, const DatabaseRef& database)
 {
-    const auto rows = openQuery(database, pointsQuery, geoKey);
+    const auto rows = openQuery(database, queries::points, geoKey);
     NtcGeoPt point;
     for (std::size_t slot = 0; !rows->EOF_(); rows->MoveNext()) {
         point.present = true;
@@ -151,7 +96,7 @@ void readPoints(std::int32_t geoKey, NtcGeo& geo, const DatabaseRef& database)
 
 void readAntennaRows(std::int32_t key, Ntc& ntc, const DatabaseRef& database)
 {
-    const auto rows = openQuery(database, antennasQuery, key);
+    const auto rows = openQuery(database, queries::antennas, key);
     // Kept from one reading to the next: to make one with its thousand strings costs more than to empty it.
     static NtcAntenna antenna;
     InitializeNtc::initAntenna(antenna);
@@ -222,7 +167,7 @@ bool readNtc(std::int32_t key, Ntc& ntc, const DatabaseRef& database)
     bool found = false;
     MainModule::markingFailure([&] {
         const dao::ReadScope scope(database);
-        const auto rows = openQuery(database, noticeQuery, key);
+        const auto rows = openQuery(database, queries::notice, key);
         if (rows->RecordCount() != 1) {
             rows->Close();
             return;
@@ -252,7 +197,7 @@ bool readNtc(std::int32_t key, Ntc& ntc, const DatabaseRef& database)
 void readGeo(std::int32_t geoKey, NtcGeo& geo, const DatabaseRef& database)
 {
     MainModule::markingFailure([&] {
-        const auto rows = openQuery(database, siteQuery, geoKey);
+        const auto rows = openQuery(database, queries::site, geoKey);
         if (rows->RecordCount() == 1) {
             geo.present = true;
             readColumns(rows, columns::geo, geo);
@@ -265,7 +210,7 @@ void readGeo(std::int32_t geoKey, NtcGeo& geo, const DatabaseRef& database)
 void readTarget(std::int32_t targetKey, Ntc& ntc, const DatabaseRef& database)
 {
     MainModule::markingFailure([&] {
-        const auto rows = openQuery(database, targetQuery, targetKey);
+        const auto rows = openQuery(database, queries::target, targetKey);
         if (rows->RecordCount() == 1) {
             ntc.target.present = true;
             readColumns(rows, columns::target, ntc.target);
@@ -277,7 +222,7 @@ void readTarget(std::int32_t targetKey, Ntc& ntc, const DatabaseRef& database)
 void readRmks(std::int32_t key, Ntc& ntc, const DatabaseRef& database)
 {
     MainModule::markingFailure([&] {
-        const auto rows = openQuery(database, remarksQuery, key);
+        const auto rows = openQuery(database, queries::remarks, key);
         if (rows->RecordCount() == 1)
             readText(rows, "rmk_text", Reading::Trim, ntc.rmk_text);
         rows->Close();
@@ -307,7 +252,7 @@ void readAntennas(std::int32_t key, const std::string& stationType, Ntc& ntc, co
 void readRot(std::int32_t key, std::int16_t antennaNumber, NtcAntenna& antenna, const DatabaseRef& database)
 {
     MainModule::markingFailure([&] {
-        const auto rows = openQuery(database, sectorsQuery, key, antennaNumber);
+        const auto rows = openQuery(database, queries::sectors, key, antennaNumber);
         NtcRot sector;
         for (std::size_t slot = 0; !rows->EOF_(); rows->MoveNext()) {
             sector.present = true;
@@ -322,36 +267,37 @@ void readRot(std::int32_t key, std::int16_t antennaNumber, NtcAntenna& antenna, 
 void readRx(std::int32_t key, std::int16_t antennaNumber, NtcAntenna& antenna, const DatabaseRef& database)
 {
     MainModule::markingFailure([&] {
-        readStations(openQuery(database, receiversQuery, key, antennaNumber), true, antenna, database);
+        readStations(openQuery(database, queries::receivers, key, antennaNumber), true, antenna, database);
     });
 }
 
 void readTx(std::int32_t key, std::int16_t antennaNumber, NtcAntenna& antenna, const DatabaseRef& database)
 {
     MainModule::markingFailure([&] {
-        readStations(openQuery(database, transmittersQuery, key, antennaNumber), false, antenna, database);
+        readStations(openQuery(database, queries::transmitters, key, antennaNumber), false, antenna,
+                     database);
     });
 }
 
 void readCallSigns(std::int32_t key, Ntc& ntc, const DatabaseRef& database)
 {
-    readList(database, callSignsQuery, "call_sign", key, ntc.call_sign);
+    readList(database, queries::callSigns, "call_sign", key, ntc.call_sign);
 }
 
 void readNatSrv(std::int32_t key, Ntc& ntc, const DatabaseRef& database)
 {
-    readList(database, natSrvQuery, "nat_srv", key, ntc.nat_srv);
+    readList(database, queries::natSrv, "nat_srv", key, ntc.nat_srv);
 }
 
 void readOpAgcy(std::int32_t key, Ntc& ntc, const DatabaseRef& database)
 {
-    readList(database, opAgcyQuery, "op_agcy", key, ntc.op_agcy);
+    readList(database, queries::opAgcy, "op_agcy", key, ntc.op_agcy);
 }
 
 void readCoord(std::int32_t key, Ntc& ntc, const DatabaseRef& database)
 {
     MainModule::markingFailure([&] {
-        const auto rows = openQuery(database, coordQuery, key);
+        const auto rows = openQuery(database, queries::coord, key);
         if (rows->RecordCount() >= 1) {
             ntc.coord.present = true;
             readText(rows, "coord_prov", Reading::Trim, ntc.coord.coord_prov);

@@ -2,7 +2,7 @@
 
 #include "db/columns.h"
 #include "db/MainModule.h"
-#include "model/ScreenModule.h"
+#include "db/recordsets.h"
 #include "model/session.h"
 
 #include <limits>
@@ -11,32 +11,9 @@ namespace writeNtcToDB {
 
 namespace {
 
-using columns::Reading;
-using dao::dbOpenTable;
-using dao::dbUpdateRegular;
-using RecordsetRef = dao::Ref<dao::Recordset>;
-
-RecordsetRef openTable(const DatabaseRef& database, const char* name)
-{
-    return database->OpenRecordset(name, dbOpenTable);
-}
-
-void update(const RecordsetRef& rows)
-{
-    rows->Update(dbUpdateRegular, false);
-}
-
-// An empty member leaves the column of the new row Null.
-template <class Record, std::size_t Count>
-void assignColumns(const RecordsetRef& rows, const std::array<columns::Row<Record>, Count>& table,
-                   const Record& record)
-{
-    for (const auto& [column, member, reading] : table) {
-        const auto& text = record.*member;
-        if (!text.empty())
-            rows->setCollect(column, reading == Reading::Upper ? ScreenModule::upperText(text) : text);
-    }
-}
+using recordsets::assignColumns;
+using recordsets::openTable;
+using recordsets::update;
 
 void drawKey(const DatabaseRef& database, const char* column, std::int32_t& key)
 {
@@ -69,7 +46,7 @@ void insertList(const DatabaseRef& database, const char* table, const char* colu
     });
 }
 
-void addNewOfAntenna(const RecordsetRef& rows, std::int16_t antennaNumber)
+void addNewOfAntenna(const recordsets::RecordsetRef& rows, std::int16_t antennaNumber)
 {
     rows->AddNew();
     rows->setCollect("veldakey", session::currentVeldaKey);
@@ -135,22 +112,11 @@ void insertNoticeRow(const Ntc& ntc, const DatabaseRef& database)
     rows->Close();
 }
 
-void insertAntennas(const Ntc& ntc, const DatabaseRef& database)
-{
-    const auto kind = ntc.notice_typ == "T13" ? StationKind::TX : StationKind::RX;
-    for (std::size_t slot = 0; slot < ntc.antenna.size(); ++slot) {
-        const auto& antenna = ntc.antenna[slot];
-        if (antenna.present)
-            insertAntenna(static_cast<std::int16_t>(slot + 1), antenna, kind, database);
-    }
-}
-
 } // namespace
 
 void insertNtc(const Ntc& ntc, const WorkspaceRef& workspace, const DatabaseRef& database)
 {
-    try {
-        workspace->BeginTrans();
+    MainModule::inTransaction(workspace, [&] {
         insertNoticeRow(ntc, database);
         if (ntc.intent != "ADD")
             insertTarget(ntc, database);
@@ -161,13 +127,8 @@ void insertNtc(const Ntc& ntc, const WorkspaceRef& workspace, const DatabaseRef&
         insertCallSigns(ntc, database);
         insertNatSrv(ntc, database);
         insertOpAgcy(ntc, database);
-        insertAntennas(ntc, database);
-        workspace->CommitTrans();
-    } catch (const platform::RuntimeError& failure) {
-        workspace->Rollback();
-        platform::showFailure(failure);
-        session::dbStatus = session::errorDb;
-    }
+        insertAntennas(ntc, ntc.notice_typ == "T13" ? StationKind::TX : StationKind::RX, database);
+    });
 }
 
 void drawVeldaKey(const DatabaseRef& database)
@@ -189,12 +150,17 @@ void insertTarget(const Ntc& ntc, const DatabaseRef& database)
 {
     MainModule::showingFailure([&] {
         const auto rows = openTable(database, "kvr_target");
-        rows->AddNew();
-        rows->setCollect("Target", session::currentTargetKey);
-        assignColumns(rows, columns::target, ntc.target);
-        update(rows);
+        addTarget(rows, ntc.target);
         rows->Close();
     });
+}
+
+void addTarget(const recordsets::RecordsetRef& rows, const NtcTarget& target)
+{
+    rows->AddNew();
+    rows->setCollect("Target", session::currentTargetKey);
+    assignColumns(rows, columns::target, target);
+    update(rows);
 }
 
 void insertGeo(const NtcGeo& geo, const DatabaseRef& database)
@@ -284,6 +250,15 @@ void insertAntenna(std::int16_t antennaNumber, const NtcAntenna& antenna, Statio
         insertSectors(antennaNumber, antenna, database);
         insertStations(antennaNumber, antenna, kind, database);
     });
+}
+
+void insertAntennas(const Ntc& ntc, StationKind kind, const DatabaseRef& database)
+{
+    for (std::size_t slot = 0; slot < ntc.antenna.size(); ++slot) {
+        const auto& antenna = ntc.antenna[slot];
+        if (antenna.present)
+            insertAntenna(static_cast<std::int16_t>(slot + 1), antenna, kind, database);
+    }
 }
 
 } // namespace writeNtcToDB

@@ -29,6 +29,8 @@ void drawGeoKey(const DatabaseRef& database);
 void drawTargetKey(const DatabaseRef& database);
 
 void insertTarget(const Ntc& ntc, const DatabaseRef& database);
+// The row of insertTarget into rows of kvr_target. A failure is thrown.
+void addTarget(const dao::Ref<dao::Recordset>& rows, const NtcTarget& target);
 void insertGeo(const NtcGeo& geo, const DatabaseRef& database);
 void insertGeoPts(const NtcGeo& geo, const DatabaseRef& database);
 void insertCoord(const NtcCoord& coord, const DatabaseRef& database);
@@ -39,5 +41,7 @@ void insertOpAgcy(const Ntc& ntc, const DatabaseRef& database);
 // The number is that of the slot, from 1.
 void insertAntenna(std::int16_t antennaNumber, const NtcAntenna& antenna, StationKind kind,
                    const DatabaseRef& database);
+// insertAntenna for each slot that is present.
+void insertAntennas(const Ntc& ntc, StationKind kind, const DatabaseRef& database);
 
 } // namespace writeNtcToDB

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "db/deleteNtcFromDB.h"
 #include "db/MainModule.h"
 #include "db/readDBToNtc.h"
+#include "db/updateNtcInDB.h"
 #include "db/writeNtcToDB.h"
 #include "model/InitializeNtc.h"
 #include "model/session.h"
@@ -27,6 +29,15 @@ protected:
         writeNtcToDB::insertNtc(ntc, workspace, database);
         return session::currentVeldaKey;
     }
+
+    // Stores it over the notice of the key, as a screen does that shows this one.
+    void update(std::int32_t key, Ntc ntc)
+    {
+        session::currentVeldaKey = key;
+        updateNtcInDB::updateNtc(key, ntc, workspace, database);
+    }
+
+    void remove(std::int32_t key) { deleteNtcFromDB::deleteNtc(key, workspace, database); }
 
     Ntc read(std::int32_t key)
     {

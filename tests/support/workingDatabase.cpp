@@ -71,6 +71,20 @@ int WorkingDatabase::count(const std::string& table) const
     return std::stoi(scalar("SELECT count(*) FROM " + table));
 }
 
+std::vector<std::string> WorkingDatabase::contents(std::vector<std::string> tables) const
+{
+    if (tables.empty()) {
+        tables = noticeTables();
+        tables.emplace_back("kvr_keys");
+    }
+    std::vector<std::string> all;
+    for (const auto& table : tables) {
+        for (const auto& row : rows("SELECT rowid, * FROM " + table))
+            all.push_back(std::string(table).append(": ").append(row));
+    }
+    return all;
+}
+
 const std::vector<std::string>& noticeTables()
 {
     static const std::vector<std::string> tables = {

@@ -23,6 +23,8 @@ public:
     [[nodiscard]] std::vector<std::string> rows(const std::string& sql) const;
     [[nodiscard]] std::string scalar(const std::string& sql) const;
     [[nodiscard]] int count(const std::string& table) const;
+    // Every row of the tables with its identity; those of the counters too when no tables are named.
+    [[nodiscard]] std::vector<std::string> contents(std::vector<std::string> tables = {}) const;
 
 private:
     TemporaryFolder m_folder;
