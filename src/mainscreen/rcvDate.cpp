@@ -65,30 +65,24 @@ void tell(Fault fault)
     platform::host().msgBox(message.text, platform::Buttons::Ok, platform::Icon::Exclamation, message.title);
 }
 
-// Four characters can spell more than 16 bits hold ("40e3"): overflow, which nobody catches.
-std::int16_t wholeNumber(const std::string& text)
-{
-    return platform::roundToInteger(platform::readNumber(text));
-}
-
 // The checks of the fields; a field that is empty has no fault.
 using FaultOf = std::optional<Fault> (*)(const std::string& text);
 
 std::optional<Fault> dayFault(const std::string& text)
 {
-    return ScreenModule::isValidDay(wholeNumber(text)) ? std::nullopt : std::optional(DayRange);
+    return ScreenModule::readsAs(ScreenModule::isValidDay, text) ? std::nullopt : std::optional(DayRange);
 }
 
 std::optional<Fault> monthFault(const std::string& text)
 {
-    return ScreenModule::isValidMonth(wholeNumber(text)) ? std::nullopt : std::optional(MonthRange);
+    return ScreenModule::readsAs(ScreenModule::isValidMonth, text) ? std::nullopt : std::optional(MonthRange);
 }
 
 std::optional<Fault> yearFault(const std::string& text)
 {
     if (QString::fromStdString(text).size() != 4)
         return YearLength;
-    return ScreenModule::isValidYear(wholeNumber(text)) ? std::nullopt : std::optional(YearRange);
+    return ScreenModule::readsAs(ScreenModule::isValidYear, text) ? std::nullopt : std::optional(YearRange);
 }
 
 struct FieldRow

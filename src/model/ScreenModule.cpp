@@ -2,6 +2,7 @@
 
 #include "platform/ansiText.h"
 #include "platform/hostFormat.h"
+#include "platform/numberText.h"
 #include "platform/runtimeError.h"
 
 #include <algorithm>
@@ -140,6 +141,17 @@ bool isEastWest(std::string_view text)
 bool isNorthSouth(std::string_view text)
 {
     return isOneOf(text, {"N", "S"});
+}
+
+bool readsAs(bool (*check)(std::int16_t), std::string_view text)
+{
+    try {
+        return check(platform::roundToInteger(platform::readNumber(text)));
+    } catch (const platform::RuntimeError& failure) {
+        if (failure.number != platform::errOverflow)
+            throw;
+        return false;
+    }
 }
 
 double freqToMHz(double value, std::string_view unit)

@@ -27,6 +27,10 @@ namespace ScreenModule {
 [[nodiscard]] bool isEastWest(std::string_view text);
 [[nodiscard]] bool isNorthSouth(std::string_view text);
 
+// A check of the whole number that a field's text reads as. A text that spells more than 16 bits hold ("9E9")
+// fails it: a slip of the operator must not end the program.
+[[nodiscard]] bool readsAs(bool (*check)(std::int16_t), std::string_view text);
+
 // MHz of a value in the unit "K", "M" or "G", without regard to case; 0 for any other unit. Throws
 // RuntimeError 6 on overflow.
 [[nodiscard]] double freqToMHz(double value, std::string_view unit);

@@ -312,15 +312,14 @@ TEST_F(ReceivedDate, isCancelledByItsFrameWithoutACheck)
     EXPECT_EQ(told(), nothing);
 }
 
-using ReceivedDateDeathTest = ReceivedDate;
-
-TEST_F(ReceivedDateDeathTest, endsTheProgramAtAYearThatOverflows)
+TEST_F(ReceivedDate, takesAYearThatSpellsTooMuchForOutOfRange)
 {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
     for (const char* year : {"1e99", "40e3"}) {
+        host.boxes.clear();
         fill("TxtYear", year);
-        EXPECT_EXIT(press(dialog, Qt::Key_Tab), testing::ExitedWithCode(3), "run-time error 6: Overflow")
-            << year;
+        press(dialog, Qt::Key_Tab);
+        EXPECT_EQ(host.boxes.size(), 1U) << year;
+        EXPECT_EQ(focusName(dialog), "TxtYear");
     }
 }
 
