@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QPainter>
+#include <QPrinter>
 #include <QPushButton>
 
 namespace mainscreen {
@@ -101,6 +103,25 @@ QStringList nameFilters(const std::string& filter)
 
 } // namespace
 
+void printOn(QPrinter& printer, const platform::Picture& picture)
+{
+    if (!printer.isValid())
+        platform::raise(platform::errPrinter);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    const QImage image(picture.pixels.data(), picture.width, picture.height, QImage::Format_RGB32);
+    if (image.isNull())
+        platform::raise(platform::errPrinter);
+    QPainter painter;
+    if (!painter.begin(&printer))
+        platform::raise(platform::errPrinter);
+    const QRect page = painter.viewport();
+    QRect place(QPoint(), image.size().scaled(page.size(), Qt::KeepAspectRatio));
+    place.moveCenter(page.center());
+    painter.drawImage(place, image);
+    if (!painter.end() || printer.printerState() == QPrinter::Error)
+        platform::raise(platform::errPrinter);
+}
+
 QtHost::QtHost()
 {
     platform::setHost(this);
@@ -157,6 +178,12 @@ std::optional<std::string> QtHost::openFile(const platform::FileChoice& choice)
     const auto path = dialog.selectedFiles().constFirst();
     m_folder = QFileInfo(path).absolutePath();
     return path.toStdString();
+}
+
+void QtHost::print(const platform::Picture& picture)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printOn(printer, picture);
 }
 
 ErrorMsg& QtHost::errorMsg()

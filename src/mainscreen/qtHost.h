@@ -5,9 +5,14 @@
 #include <QPointer>
 #include <QString>
 
+class QPrinter;
+
 namespace mainscreen {
 
 class ErrorMsg;
+
+// Puts the picture on one landscape page, scaled to it with its aspect kept. Throws RuntimeError 482.
+void printOn(QPrinter& printer, const platform::Picture& picture);
 
 // The host as the operator meets it: plain-text boxes, file dialogs that open in the folder last used, the
 // mouse pointer as a state, and the list of messages. It is the process's host while it lives.
@@ -24,6 +29,7 @@ public:
     void beep() override;
     void setPointer(int pointer) override;
     std::optional<std::string> openFile(const platform::FileChoice& choice) override;
+    void print(const platform::Picture& picture) override;
     void clearErrorLines() override;
     void addErrorLine(const std::string& line) override;
 

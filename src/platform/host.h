@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace platform {
 
@@ -43,6 +44,13 @@ struct FileChoice
     std::string fileName;
 };
 
+// A picture to print: rows of pixels from the top, each 32 bits as 0xffRRGGBB in the host's order of bytes.
+struct Picture
+{
+    int width = 0, height = 0;
+    std::vector<std::uint8_t> pixels;
+};
+
 // What the core tells the operator. The main screen implements it; tests watch it and answer.
 class Host
 {
@@ -55,6 +63,9 @@ public:
     virtual void setPointer(int pointer) = 0;
     // Lets the operator pick an existing file and returns its path; nothing when that was cancelled.
     virtual std::optional<std::string> openFile(const FileChoice& choice) = 0;
+    // On one landscape page of the default printer, as large as it fits. Throws RuntimeError 482 without a
+    // printer, or when the job fails.
+    virtual void print(const Picture& picture) = 0;
     // The list box of the screen that shows the lines of a load or of a check.
     virtual void clearErrorLines() = 0;
     virtual void addErrorLine(const std::string& line) = 0;

@@ -39,6 +39,8 @@ std::string errorDescription(ErrorNumber number)
         return "Object variable or With block variable not set";
     case errObjectRequired:
         return "Object required";
+    case errPrinter:
+        return "Printer error";
     case errDialogCancelled:
         return "Cancel was selected.";
     }

@@ -27,6 +27,7 @@ enum ErrorNumber : int
     errPathNotFound = 76,
     errObjectNotSet = 91,
     errObjectRequired = 424,
+    errPrinter = 482,
     errDialogCancelled = 32755,
 };
 

@@ -27,6 +27,7 @@ public:
     void beep() override {}
     void setPointer(int) override {}
     std::optional<std::string> openFile(const platform::FileChoice&) override { return std::nullopt; }
+    void print(const platform::Picture&) override {}
     void clearErrorLines() override {}
     void addErrorLine(const std::string& line) override
     {

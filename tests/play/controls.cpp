@@ -55,7 +55,8 @@ const char* kindOf(const QWidget& widget)
 bool isNamedControl(const QWidget& widget)
 {
     const auto name = widget.objectName();
-    return !name.isEmpty() && !name.startsWith(QLatin1String("qt_")) && kindOf(widget) != nullptr;
+    const bool isPart = qobject_cast<const QComboBox*>(widget.parentWidget()) != nullptr;
+    return !name.isEmpty() && !isPart && !name.startsWith(QLatin1String("qt_")) && kindOf(widget) != nullptr;
 }
 
 bool isOn(const QWidget& control)

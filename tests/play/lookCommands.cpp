@@ -29,6 +29,10 @@ void changed(Stage&, const Arguments&)
 
 void fail(Stage& stage, const Arguments& arguments)
 {
+    if (arguments[0] == "print") {
+        stage.printFails = true;
+        return;
+    }
     if (arguments[0] != "copy")
         throw Refusal("nothing called " + arguments[0] + " can be made to fail");
     if (!CopyFault::isAvailable())

@@ -8,6 +8,8 @@
 #include "play/playHost.h"
 #include "widgets/application.h"
 
+#include <QTemporaryFile>
+
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -45,14 +47,28 @@ void passOnMessage(QtMsgType, const QMessageLogContext&, const QString& text)
         std::cerr << text.toStdString() << '\n';
 }
 
+// A screen of the size that an operator has at least; what the toolkit offers of itself is smaller.
+QByteArray offscreenPlatform(QTemporaryFile& settings)
+{
+    if (!settings.open())
+        return "offscreen";
+    settings.write(R"({"synchronousWindowSystemEvents": false, "windowFrameMargins": false, "screens": [{
+        "name": "play", "x": 0, "y": 0, "width": 1280, "height": 800,
+        "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    settings.close();
+    return "offscreen:configfile=" + settings.fileName().toUtf8();
+}
+
 // Before the application is made.
-void choosePlatform(const play::Options& options)
+void choosePlatform(const play::Options& options, QTemporaryFile& offscreenSettings)
 {
     qputenv("QT_NO_GLIB", "1"); // one event dispatcher everywhere, which tells when it is about to wait
     if (options.platform)
         qputenv("QT_QPA_PLATFORM", QByteArray::fromStdString(*options.platform));
     else if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !isDisplayThere())
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (qgetenv("QT_QPA_PLATFORM") == "offscreen")
+        qputenv("QT_QPA_PLATFORM", offscreenPlatform(offscreenSettings));
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
 }
 
@@ -76,15 +92,17 @@ int run(const play::Options& options, int count, char** arguments)
 {
     auto commands = play::parseScript(scriptText(options.script));
     qInstallMessageHandler(passOnMessage);
-    choosePlatform(options);
+    QTemporaryFile offscreenSettings;
+    choosePlatform(options, offscreenSettings);
     setHostUp(options);
     const widgets::Application application(count, arguments);
+    offscreenSettings.remove(); // it has been read, and the process may end without another word
     static play::PrintedTranscript transcript; // the report of a failure prints on it when all else is gone
     widgets::setReporter([&](const platform::RuntimeError& failure) {
         transcript.line("run-time error " + std::to_string(failure.number) + ": " + failure.description());
     });
     play::Stage stage(transcript);
-    play::PlayHost host(transcript);
+    play::PlayHost host(stage);
     mainscreen::OpenScreen screen(host);
     stage.mainWindow = stage.screen = &screen;
     play::Player player(stage, std::move(commands), patience());

@@ -1,26 +1,22 @@
 #pragma once
 
 #include "mainscreen/qtHost.h"
-#include "play/transcript.h"
+#include "play/stage.h"
 
 namespace play {
 
-// The program's own host, which also prints what it does.
+// The program's own host, which also prints what it does. Its paper is a PDF that is thrown away.
 class PlayHost : public mainscreen::QtHost
 {
 public:
-    explicit PlayHost(Transcript& transcript) : m_transcript(transcript) {}
+    explicit PlayHost(Stage& stage) : m_stage(stage) {}
 
-    void beep() override { m_transcript.line("beep"); }
-    void setPointer(int newPointer) override
-    {
-        if (newPointer != pointer())
-            m_transcript.line("pointer " + std::to_string(newPointer));
-        QtHost::setPointer(newPointer);
-    }
+    void beep() override;
+    void setPointer(int newPointer) override;
+    void print(const platform::Picture& picture) override;
 
 private:
-    Transcript& m_transcript;
+    Stage& m_stage;
 };
 
 } // namespace play

@@ -34,6 +34,7 @@ struct Stage
     Transcript& transcript;
     Windows windows;
     CopyFault copyFault;
+    bool printFails = false;                  // the next print job
     std::string namedWindow;                  // empty for none
     QPointer<QWidget> mainWindow;             // null before it is there
     mainscreen::OpenScreen* screen = nullptr; // the same as a session's owner; null in a session without one

@@ -21,6 +21,7 @@ public:
     void beep() override { ++beeps; }
     void setPointer(int pointer) override { pointers.push_back(pointer); }
     std::optional<std::string> openFile(const platform::FileChoice& choice) override;
+    void print(const platform::Picture& picture) override { printed.push_back(picture); }
     void clearErrorLines() override { errorLines.clear(); }
     void addErrorLine(const std::string& line) override { errorLines.push_back(line); }
 
@@ -40,5 +41,6 @@ public:
     std::vector<platform::FileChoice> fileChoices;      // that were offered
     std::vector<int> pointers;
     std::vector<std::string> errorLines;
+    std::vector<platform::Picture> printed;
     int beeps = 0;
 };
