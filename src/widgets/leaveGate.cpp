@@ -1,5 +1,6 @@
 #include "widgets/leaveGate.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QFocusEvent>
@@ -8,6 +9,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QShortcut>
 
 #include <algorithm>
 
@@ -19,6 +21,19 @@ QHash<QWidget*, LeaveCheck>& checks()
 {
     static QHash<QWidget*, LeaveCheck> all;
     return all;
+}
+
+// What the check that runs was told, and what it did.
+struct RunningCheck
+{
+    bool backwards = false;
+    bool sentFocus = false;
+};
+
+RunningCheck& runningCheck()
+{
+    static RunningCheck running;
+    return running;
 }
 
 bool takesClickFocus(const QWidget* widget, QEvent::Type type)
@@ -78,7 +93,8 @@ bool keyLeaves(const QWidget* field, const QKeyEvent& key)
 QWidget* checkedFocusOf(const QWidget* window)
 {
     auto* const focus = window != nullptr ? window->focusWidget() : nullptr;
-    return focus != nullptr && checks().contains(focus) ? focus : nullptr;
+    const bool isChecked = focus != nullptr && focus->isVisible() && focus->isEnabled();
+    return isChecked && checks().contains(focus) ? focus : nullptr;
 }
 
 QWidget* leftByPress(QWidget* pressed, QEvent::Type type)
@@ -110,6 +126,23 @@ QWidget* leftBy(QObject* receiver, QEvent* event)
     }
 }
 
+bool isBacktab(const QEvent& event)
+{
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.key() == Qt::Key_Backtab ||
+           (key.key() == Qt::Key_Tab && key.modifiers().testFlag(Qt::ShiftModifier));
+}
+
+// The click or the access key of a button.
+bool isPressOfButton(const QObject* receiver, QEvent::Type type)
+{
+    return qobject_cast<const QAbstractButton*>(receiver) != nullptr &&
+           (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
+            type == QEvent::Shortcut);
+}
+
 void selectText(QWidget* field)
 {
     if (auto* const line = qobject_cast<QLineEdit*>(field))
@@ -134,10 +167,25 @@ void checkOnLeaving(QWidget* field, const LeaveCheck& check)
     checks().insert(field, check);
 }
 
-bool LeaveGate::mayLeave(QWidget* field)
+void sendFocusTo(QWidget* control)
+{
+    if (control == nullptr || !control->isVisible() || !control->isEnabled())
+        return;
+    runningCheck().sentFocus = true;
+    control->setFocus(Qt::OtherFocusReason);
+    selectText(control);
+}
+
+bool isLeavingBackwards()
+{
+    return runningCheck().backwards;
+}
+
+bool LeaveGate::mayLeave(QWidget* field, bool backwards)
 {
     const QPointer<QWidget> alive = field;
     const auto check = checks().value(field); // a copy: it may be replaced while it runs
+    runningCheck() = {backwards, false};
     m_checking = true;
     const bool passed = check();
     m_checking = false;
@@ -154,39 +202,67 @@ LeaveGate::Passage LeaveGate::ask(QObject* receiver, QEvent* event)
     if (!field)
         return Passage::Free;
     const QPointer<QObject> stillThere = receiver;
-    const bool passed = mayLeave(field);
-    if (!passed || !field || !stillThere || field->window()->focusWidget() != field)
+    const bool passed = mayLeave(field, isBacktab(*event));
+    return stillThere ? passageTo(receiver, *event, field, passed) : Passage::Stopped;
+}
+
+LeaveGate::Passage LeaveGate::passageTo(QObject* receiver, const QEvent& event, QWidget* field, bool passed)
+{
+    if (!passed || field == nullptr)
         return Passage::Stopped;
-    m_granted.push_back(field);
-    return Passage::Granted;
+    if (field->window()->focusWidget() == field) {
+        m_granted.emplace_back(field);
+        return Passage::Granted;
+    }
+    if (qobject_cast<const QShortcut*>(receiver) != nullptr)
+        return Passage::Free;
+    if (!isPressOfButton(receiver, event.type()))
+        return Passage::Stopped;
+    auto* const button = static_cast<QWidget*>(receiver);
+    m_pressed.push_back({button, button->focusPolicy()});
+    button->setFocusPolicy(Qt::NoFocus);
+    return Passage::Pressed;
 }
 
 // The focus is elsewhere already: it comes back before anything else happens.
-void LeaveGate::leftByCode(QWidget* field)
+void LeaveGate::leftByCode(QWidget* field, Qt::FocusReason reason)
 {
     const QPointer<QWidget> alive = field;
     auto* const target = field->window()->focusWidget();
-    if (mayLeave(field) || !alive || field->window()->focusWidget() != target)
+    const bool passed = mayLeave(field, reason == Qt::BacktabFocusReason);
+    if (passed || runningCheck().sentFocus || !alive || field->window()->focusWidget() != target)
         return;
     m_checking = true; // the one that loses it again is not asked
     field->setFocus(Qt::OtherFocusReason);
     m_checking = false;
 }
 
-void LeaveGate::delivered(Passage passage, QObject* receiver, const QEvent& event)
+void LeaveGate::release(Passage passage)
 {
     if (passage == Passage::Granted)
         m_granted.pop_back();
+    if (passage != Passage::Pressed)
+        return;
+    const auto press = m_pressed.back();
+    m_pressed.pop_back();
+    if (press.button)
+        press.button->setFocusPolicy(press.policy);
+}
+
+void LeaveGate::delivered(Passage passage, QObject* receiver, const QEvent& event)
+{
+    release(passage);
     if (event.type() != QEvent::FocusOut || m_checking)
         return;
     auto* const field = qobject_cast<QWidget*>(receiver);
     const bool granted = std::find(m_granted.begin(), m_granted.end(), field) != m_granted.end();
+    const auto reason = static_cast<const QFocusEvent&>(event).reason();
     if (field == nullptr || granted || !checks().contains(field) || !field->isVisible() ||
-        !isLeaving(static_cast<const QFocusEvent&>(event).reason()))
+        !field->isEnabled() || !isLeaving(reason))
         return;
     auto* const target = QApplication::focusWidget();
     if (target != nullptr && target != field && target->window() == field->window())
-        leftByCode(field);
+        leftByCode(field, reason);
 }
 
 } // namespace widgets

@@ -280,9 +280,137 @@ TEST_F(Form, ACheckThatMovesTheFocusItselfHasTheLastWord)
     EXPECT_EQ(checks, 1);
 }
 
+TEST_F(Form, AClickedButtonIsPressedThoughTheCheckSentTheFocusElsewhere)
+{
+    field.setText("good");
+    whileChecking = [this] { widgets::sendFocusTo(&other); };
+    click(button);
+    EXPECT_EQ(presses, 1);
+    EXPECT_EQ(focus(), &other);
+    EXPECT_EQ(checks, 1);
+    EXPECT_EQ(button.focusPolicy(), QPushButton().focusPolicy());
+    field.setFocus();
+    click(box);
+    EXPECT_TRUE(box.isChecked());
+    EXPECT_EQ(focus(), &other);
+    EXPECT_EQ(checks, 2);
+}
+
+TEST_F(Form, TheFieldThatGotTheFocusIsNotCheckedByTheClickThatGoesThrough)
+{
+    int neighbourChecks = 0;
+    widgets::checkOnLeaving(&other, [&] { return ++neighbourChecks < 0; });
+    field.setText("good");
+    whileChecking = [this] { widgets::sendFocusTo(&other); };
+    click(button);
+    EXPECT_EQ(presses, 1);
+    EXPECT_EQ(focus(), &other);
+    EXPECT_EQ(neighbourChecks, 0);
+}
+
+TEST_F(Form, AnAccessKeyPressesItsButtonThoughTheCheckSentTheFocusElsewhere)
+{
+    field.setText("good");
+    whileChecking = [this] { widgets::sendFocusTo(&other); };
+    key(Qt::Key_G, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return presses == 1; }));
+    EXPECT_EQ(focus(), &other);
+    EXPECT_EQ(checks, 1);
+}
+
+TEST_F(Form, AShortcutActsThoughTheCheckSentTheFocusElsewhere)
+{
+    field.setText("good");
+    whileChecking = [this] { widgets::sendFocusTo(&other); };
+    key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(shortcuts, 1);
+    EXPECT_EQ(focus(), &other);
+    EXPECT_EQ(checks, 1);
+}
+
+TEST_F(Form, AButtonThatDestroysItselfOnThePressMayDoSo)
+{
+    QPointer<QPushButton> gone = new QPushButton(&window);
+    window.layout()->addWidget(gone);
+    gone->show();
+    QTest::qWait(0);
+    QObject::connect(gone, &QPushButton::pressed, gone, [&] { gone->deleteLater(); });
+    field.setText("good");
+    whileChecking = [this] { widgets::sendFocusTo(&other); };
+    press(*gone);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return gone.isNull(); }));
+    EXPECT_EQ(focus(), &other);
+}
+
+TEST_F(Form, ABadFieldStopsTheButtonWhereverItsCheckSentTheFocus)
+{
+    whileChecking = [this] { widgets::sendFocusTo(&other); };
+    click(button);
+    EXPECT_EQ(presses, 0);
+    EXPECT_EQ(focus(), &other);
+}
+
+TEST_F(Form, AClickOnAnotherFieldEndsWhereTheCheckSentTheFocus)
+{
+    field.setText("good");
+    whileChecking = [this] { widgets::sendFocusTo(&box); };
+    click(other);
+    EXPECT_EQ(focus(), &box);
+    EXPECT_EQ(checks, 1);
+    field.setFocus();
+    other.setFocus();
+    EXPECT_EQ(focus(), &box);
+    EXPECT_EQ(checks, 2);
+}
+
+TEST_F(Form, ABadFieldMaySendTheFocusToTheVeryOneThatCodeGaveItTo)
+{
+    whileChecking = [this] { widgets::sendFocusTo(&other); };
+    other.setFocus();
+    EXPECT_EQ(focus(), &other);
+    EXPECT_EQ(checks, 1);
+}
+
+TEST_F(Form, TheFocusIsNotSentToWhatCannotTakeIt)
+{
+    field.setText("good");
+    box.hide();
+    button.setEnabled(false);
+    whileChecking = [this] {
+        widgets::sendFocusTo(&box);
+        widgets::sendFocusTo(&button);
+        widgets::sendFocusTo(nullptr);
+    };
+    key(Qt::Key_Tab);
+    EXPECT_EQ(focus(), &other);
+}
+
+TEST_F(Form, ACheckKnowsThatItIsLeftBackwards)
+{
+    field.setText("good");
+    std::vector<bool> backwards;
+    whileChecking = [&] { backwards.push_back(widgets::isLeavingBackwards()); };
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    field.setFocus();
+    key(Qt::Key_Tab, Qt::ShiftModifier);
+    field.setFocus();
+    key(Qt::Key_Tab);
+    field.setFocus();
+    click(other);
+    field.setFocus();
+    other.setFocus(Qt::BacktabFocusReason);
+    EXPECT_EQ(backwards, (std::vector{true, true, false, false, true}));
+}
+
 TEST_F(Form, AFieldThatIsHiddenOrDisabledByCodeIsNotChecked)
 {
     field.hide();
+    EXPECT_EQ(checks, 0);
+    EXPECT_NE(focus(), &field);
+    field.show();
+    field.setFocus();
+    field.setEnabled(false);
     EXPECT_EQ(checks, 0);
     EXPECT_NE(focus(), &field);
 }
