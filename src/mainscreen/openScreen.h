@@ -75,7 +75,7 @@ private:
     void showList();
     void hideList();
     void openNotice();
-    void readCurrentNotice();
+    void showNotice();
     void returnToList();
     [[nodiscard]] std::int32_t keyOfCurrentRow() const;
 

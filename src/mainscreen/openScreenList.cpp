@@ -1,38 +1,21 @@
-#include "db/MainModule.h"
+#include "dao/engineError.h"
+#include "db/currentNotice.h"
 #include "db/noticeList.h"
-#include "db/readDBToNtc.h"
 #include "mainscreen/noticeListModel.h"
 #include "mainscreen/noticeListView.h"
 #include "mainscreen/openScreen.h"
 #include "mainscreen/qtHost.h"
-#include "model/InitializeNtc.h"
 #include "model/session.h"
 #include "platform/numberText.h"
+#include "screens/noticeWalk.h"
 
 #include <QAction>
 #include <QLabel>
 #include <QLayout>
 #include <QScrollBar>
 
-#include <array>
-
 // The list of notices: refresh, sort, filter, and the way to a notice and back.
 namespace mainscreen {
-
-namespace {
-
-constexpr int errNoCurrentRecord = 3021;
-
-void showNotice()
-{
-    constexpr std::array<std::string_view, 4> screens{"T11", "T12", "T13", "T14"};
-    if (session::notice.adm.empty())
-        platform::showMessage("No notice this should never happen");
-    else if (std::find(screens.begin(), screens.end(), session::notice.notice_typ) == screens.end())
-        platform::showMessage("Sorry! T15, T16 and T17 screens aren't ready yet");
-}
-
-} // namespace
 
 std::string OpenScreen::buildNoticeQuery() const
 {
@@ -118,7 +101,7 @@ std::int32_t OpenScreen::keyOfCurrentRow() const
 {
     const int row = m_dbGridView->currentRow();
     if (row < 0)
-        throw platform::RuntimeError(errNoCurrentRecord, "No current record.");
+        dao::raiseEngineError(dao::errNoCurrentRecord);
     return m_dataNtcPub.rows()->value(static_cast<std::size_t>(row), 0).toLong();
 }
 
@@ -131,7 +114,7 @@ void OpenScreen::openNotice()
         m_dataNtcPub.closeRecordset();
         m_dataNtcPub.closeDatabase();
         noticeList::locateCurrentKey();
-        readCurrentNotice();
+        currentNotice::read(m_dbName);
         m_host.setPointer(platform::pointerDefault);
         showNotice();
         returnToList();
@@ -140,13 +123,15 @@ void OpenScreen::openNotice()
     }
 }
 
-void OpenScreen::readCurrentNotice()
+void OpenScreen::showNotice()
 {
-    InitializeNtc::clearNtcAdm(session::notice);
-    InitializeNtc::initNtc(session::notice);
-    MainModule::openDatabase(true, m_dbName, session::db);
-    readDBToNtc::readNtc(session::currentVeldaKey, session::notice, session::db);
-    MainModule::closeDatabase(session::db);
+    const auto screen = screens::screenOf(session::notice.notice_typ);
+    if (session::notice.adm.empty())
+        platform::showMessage("No notice this should never happen");
+    else if (screen)
+        screens::NoticeWalk(this).show(*screen, m_dbName);
+    else
+        platform::showMessage("Sorry! T15, T16 and T17 screens aren't ready yet");
 }
 
 void OpenScreen::returnToList()

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "screens/noticeForm.h"
+
+#include <string_view>
+#include <vector>
+
+// What a screen tests as a whole while it is read. A test that fails tells the operator and puts the focus on
+// the box in question; it never stops the reading.
+namespace screens {
+
+// Slots of the record for the entries of a multi-value box.
+inline constexpr std::size_t maxEntries = 6;
+
+// True when the record has room for the entries of the box.
+[[nodiscard]] bool entriesFit(const NoticeForm& form, std::string_view control);
+// The same for several boxes, up to the first that fails.
+[[nodiscard]] bool allEntriesFit(const NoticeForm& form, const std::vector<std::string>& controls);
+
+// True when the entries of max_fr and max_to pair up, and the record has room for them.
+[[nodiscard]] bool rotationPairsFit(const NoticeForm& form);
+
+} // namespace screens
