@@ -21,6 +21,7 @@ bool isPlain(const QKeyEvent& event)
 
 MultiValueBox::MultiValueBox(QWidget* parent) : QComboBox(parent), m_limit(noLimit)
 {
+    setFocusPolicy(Qt::StrongFocus); // the wheel takes no focus, and so leaves no field
     setEditable(true);
     setCompleter(nullptr);
     setInsertPolicy(NoInsert);
