@@ -288,7 +288,11 @@ TEST_P(Form, DrawsCaptionsOfColumnsAboveTheirFields)
         for (const auto& text : caption.texts) {
             auto& label = dynamic_cast<screens::CaptionLabel&>(control(caption.label));
             label.setText(QString::fromStdString(text));
-            QTest::qWait(5);
+            // The rows are arranged anew in the next rounds of the event loop.
+            EXPECT_TRUE(QTest::qWaitFor([&label] {
+                const auto last = static_cast<int>(label.pieces().size()) - 1;
+                return label.pieceRect(last).right() <= label.rect().right();
+            })) << text;
             EXPECT_EQ(label.text().toStdString(), text);
             ASSERT_EQ(label.pieces().size(), static_cast<qsizetype>(caption.below.size())) << text;
             int right = -1;

@@ -29,6 +29,7 @@ for name in "${!QT_@}" "${!DBUS_@}" WAYLAND_DISPLAY XAUTHORITY XDG_CURRENT_DESKT
   unset "$name"
 done
 export QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR=$folder LC_ALL=C.UTF-8
+export LSAN_OPTIONS=suppressions=$here/leaks.txt:print_suppressions=0
 
 # Both go with this script, even if it is killed. The server looks for a free display itself, so that several
 # of them never want the same one.
