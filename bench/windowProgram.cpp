@@ -19,6 +19,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -72,15 +73,28 @@ void readFirstNotice(const std::string& database)
     currentNotice::read(database);
 }
 
-double millisecondsOfWalk(int steps)
+// The steps of a walk, each in a round of the event loop of its own, as an operator makes them.
+class Steps
 {
-    const auto begin = Clock::now();
-    for (int step = 0; step < steps; ++step) {
+public:
+    explicit Steps(int count) : m_left(count), m_count(count) {}
+
+    void next()
+    {
+        if (m_left-- == 0) {
+            std::printf("%.3f\n", millisecondsSince(m_begin) / m_count);
+            QApplication::activeModalWidget()->close();
+            return;
+        }
         QApplication::activeModalWidget()->findChild<QPushButton*>("ButtonNextNtc")->click();
         QApplication::activeModalWidget()->repaint();
+        QTimer::singleShot(0, qApp, widgets::guarded([this] { next(); }));
     }
-    return millisecondsSince(begin);
-}
+
+private:
+    int m_left, m_count;
+    Clock::time_point m_begin = Clock::now();
+};
 
 void walk(const std::string& database, int steps)
 {
@@ -89,11 +103,11 @@ void walk(const std::string& database, int steps)
     QWidget mainScreen;
     screens::NoticeWalk notices(&mainScreen);
     const auto begin = Clock::now();
-    QTimer::singleShot(0, &mainScreen, widgets::guarded([begin, steps] {
+    std::optional<Steps> walking;
+    QTimer::singleShot(0, &mainScreen, widgets::guarded([begin, steps, &walking] {
                            QApplication::activeModalWidget()->repaint();
-                           const double first = millisecondsSince(begin);
-                           std::printf("%.3f %.3f\n", first, millisecondsOfWalk(steps) / steps);
-                           QApplication::activeModalWidget()->close();
+                           std::printf("%.3f ", millisecondsSince(begin));
+                           walking.emplace(steps).next();
                        }));
     notices.show(*screens::screenOf(session::notice.notice_typ), database);
 }
