@@ -96,7 +96,8 @@ int run(const play::Options& options, int count, char** arguments)
     choosePlatform(options, offscreenSettings);
     setHostUp(options);
     const widgets::Application application(count, arguments);
-    offscreenSettings.remove(); // it has been read, and the process may end without another word
+    if (!offscreenSettings.fileName().isEmpty())
+        offscreenSettings.remove(); // it has been read, and the process may end without another word
     static play::PrintedTranscript transcript; // the report of a failure prints on it when all else is gone
     widgets::setReporter([&](const platform::RuntimeError& failure) {
         transcript.line("run-time error " + std::to_string(failure.number) + ": " + failure.description());
