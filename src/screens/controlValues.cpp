@@ -63,15 +63,19 @@ std::string frequencyOf(const NoticeForm& form, std::string_view control, std::s
     return platform::numberText(ScreenModule::freqToMHz(platform::readNumber(text), form.text(unit)));
 }
 
+DateParts partsOf(const std::string& date)
+{
+    DateParts parts;
+    auto text = ScreenModule::formatDateDots(date);
+    ScreenModule::splitDottedDate(text, parts.year, parts.month, parts.day);
+    return parts;
+}
+
 void showDate(const NoticeForm& form, const fields::DateRow& row, const std::string& date)
 {
     if (date.empty())
         return;
-    std::string year;
-    std::string month;
-    std::string day;
-    auto text = ScreenModule::formatDateDots(date);
-    ScreenModule::splitDottedDate(text, year, month, day);
+    const auto [year, month, day] = partsOf(date);
     form.setText(row.year, withoutLeadingZeros(year));
     form.setText(row.month, withoutLeadingZeros(month));
     form.setText(row.day, withoutLeadingZeros(day));

@@ -28,6 +28,12 @@ void showFrequency(const NoticeForm& form, std::string_view control, std::string
 
 // Three numbers without leading zeros. Throws RuntimeError 5 for text that is no date.
 void showDate(const NoticeForm& form, const fields::DateRow& row, const std::string& date);
+// The parts of a date of the record. Throws RuntimeError 5 for text that is none.
+struct DateParts
+{
+    std::string year, month, day;
+};
+[[nodiscard]] DateParts partsOf(const std::string& date);
 // Year, month and day as typed; nothing unless all three are given.
 void takeDate(const NoticeForm& form, const fields::DateRow& row, std::string& member);
 

@@ -35,7 +35,6 @@ struct BoxText
 [[nodiscard]] BoxText boxText(const Words& words, std::string_view language);
 
 // One test of a text that is not empty, and the words for one that fails; no words: no box, the beep alone.
-// It throws RuntimeError 6 for a number that no field's value can hold.
 struct Step
 {
     bool (*passes)(const std::string& text) = nullptr; // none: end of the steps

@@ -8,18 +8,12 @@ namespace screens {
 
 namespace {
 
-void showBox(const Words& words)
-{
-    const auto box = boxText(words, session::language);
-    platform::host().msgBox(box.text, platform::Buttons::Ok, platform::Icon::Exclamation, box.title);
-}
-
 void refuse(const NoticeForm& form, const std::string& control, const Rule& rule, const Words* words)
 {
     if ((rule.flags & silent) == 0)
         platform::host().beep();
     if (words != nullptr)
-        showBox(*words);
+        tell(*words);
     if ((rule.flags & blanking) != 0)
         form.setText(control, "");
 }
@@ -46,10 +40,16 @@ const Step* failedStep(const Rule& rule, const std::string& text)
 
 } // namespace
 
+void tell(const Words& words)
+{
+    const auto box = boxText(words, session::language);
+    platform::host().msgBox(box.text, platform::Buttons::Ok, platform::Icon::Exclamation, box.title);
+}
+
 void warn(const Words& words)
 {
     platform::host().beep();
-    showBox(words);
+    tell(words);
 }
 
 bool passes(const NoticeForm& form, const std::string& control, const Rule& rule)

@@ -7,7 +7,8 @@
 
 namespace screens {
 
-// Beep and box, the words in the language of the session.
+// A box, the words in the language of the session; and the same with a beep before it.
+void tell(const Words& words);
 void warn(const Words& words);
 
 // Walks the steps of a rule with the control's text, which is put into upper case before where the rule wants

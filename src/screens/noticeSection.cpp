@@ -53,11 +53,7 @@ void showDateReceived(const NoticeForm& form, const std::string& received)
 {
     if (received.empty())
         return;
-    std::string year;
-    std::string month;
-    std::string day;
-    auto text = ScreenModule::formatDateDots(received);
-    ScreenModule::splitDottedDate(text, year, month, day);
+    const auto [year, month, day] = partsOf(received);
     form.setText("TxtDateRcv", year + '-' + month + '-' + day);
 }
 

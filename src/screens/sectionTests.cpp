@@ -1,8 +1,7 @@
 #include "screens/sectionTests.h"
 
-#include "model/session.h"
-#include "platform/host.h"
 #include "screens/controlValues.h"
+#include "screens/fieldTest.h"
 
 #include <algorithm>
 
@@ -10,14 +9,11 @@ namespace screens {
 
 namespace {
 
-constexpr const char* tooManyEntries = "Too many multi-values, contact the administrator";
-constexpr const char* unpairedSector = "Either the azm_fr or azm_to is missing";
+constexpr Words tooManyEntries{"Too many multi-values, contact the administrator", "", Wording::TitleOnly};
+constexpr Words unpairedSector{"Either the azm_fr or azm_to is missing", "", Wording::TitleOnly};
 
-// The words are English in every language, the title is not.
-void tellProblem(const NoticeForm& form, std::string_view control, const char* words)
+void focusOn(const NoticeForm& form, std::string_view control)
 {
-    const char* title = session::language == "F" ? "Erreur" : "Error";
-    platform::host().msgBox(words, platform::Buttons::Ok, platform::Icon::Exclamation, title);
     if (auto* box = form.control(control))
         box->setFocus();
 }
@@ -28,8 +24,8 @@ bool entriesFit(const NoticeForm& form, std::string_view control)
 {
     if (entriesOf(form, control).size() <= maxEntries)
         return true;
-    platform::host().beep();
-    tellProblem(form, control, tooManyEntries);
+    warn(tooManyEntries);
+    focusOn(form, control);
     return false;
 }
 
@@ -43,14 +39,12 @@ bool allEntriesFit(const NoticeForm& form, const std::vector<std::string>& contr
 bool rotationPairsFit(const NoticeForm& form)
 {
     const auto starts = entriesOf(form, "max_fr").size();
-    const char* words = nullptr;
-    if (starts != entriesOf(form, "max_to").size())
-        words = unpairedSector;
-    else if (starts > maxEntries)
-        words = tooManyEntries;
-    if (words)
-        tellProblem(form, "max_fr", words);
-    return words == nullptr;
+    const bool paired = starts == entriesOf(form, "max_to").size();
+    if (paired && starts <= maxEntries)
+        return true;
+    tell(paired ? tooManyEntries : unpairedSector);
+    focusOn(form, "max_fr");
+    return false;
 }
 
 } // namespace screens
