@@ -117,8 +117,7 @@ void OpenScreen::showAbout()
 
 void OpenScreen::exitProgram()
 {
-    if (!m_dataNtcPub.DatabaseName.empty())
-        m_dataNtcPub.unbind();
+    m_dataNtcPub.unbind();
     writeLogLine(exitEvent);
     // A failure while changes are saved keeps the screen, and with it the changes.
     resumingNext([this] {

@@ -73,8 +73,7 @@ void OpenScreen::openWorkingDatabase()
 
 void OpenScreen::loadElectronicFile()
 {
-    if (!m_dataNtcPub.DatabaseName.empty())
-        m_dataNtcPub.unbind();
+    m_dataNtcPub.unbind();
     offerSaving();
     m_lblCount->hide();
     if (!pickElectronicFile() || !masterIsReadable())

@@ -27,7 +27,7 @@ namespace screens {
 
 namespace {
 
-constexpr int mostSections = 15; // antenna sections of a notice
+constexpr int mostSections = static_cast<int>(decltype(Ntc::antenna)::size());
 
 bool askYesNo(const char* question, const char* rest, const char* title)
 {
