@@ -51,6 +51,13 @@ struct Picture
     std::vector<std::uint8_t> pixels;
 };
 
+// How the list of messages begins that a check of site names fills.
+struct CheckStart
+{
+    std::string title, countText;
+    bool hidesSave = false; // besides the button that closes
+};
+
 // What the core tells the operator. The main screen implements it; tests watch it and answer.
 class Host
 {
@@ -69,6 +76,19 @@ public:
     // The list box of the screen that shows the lines of a load or of a check.
     virtual void clearErrorLines() = 0;
     virtual void addErrorLine(const std::string& line) = 0;
+
+    // The same screen during a check of site names: unloaded first where it stands, then shown beside the
+    // others without waiting for it. All of these paint it at once, for the check does not return to the
+    // host's events.
+    virtual void openCheck(const CheckStart& start) = 0;
+    virtual void appendCheckText(const std::string& text) = 0; // to the text of the count
+    virtual void selectErrorLine(int line) = 0;                // from 0
+    virtual void endCheck() = 0;                               // brings the hidden buttons back
+
+    // The window that stands while indexes are made. Throws RuntimeError 424 where it can't be loaded.
+    virtual void showWaiting() = 0;
+    virtual void paintWaiting() = 0;
+    virtual void closeWaiting() = 0;
 };
 
 // The one host of the process. Before the first setHost there is none: telling it anything is failure 91.

@@ -297,9 +297,12 @@ std::string_view withoutTime(std::string_view text)
 
 LocalTime now()
 {
-    if (standingClock)
-        return *standingClock;
-    const std::time_t seconds = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+    return standingClock ? *standingClock : localTime(std::chrono::system_clock::now());
+}
+
+LocalTime localTime(std::chrono::system_clock::time_point moment)
+{
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(moment);
     std::tm local{};
 #ifdef _WIN32
     localtime_s(&local, &seconds);
@@ -335,6 +338,12 @@ std::string shortDateText(const LocalTime& moment)
 std::string longTimeText(const LocalTime& moment)
 {
     return formatted(*hostFormats().longTime, moment);
+}
+
+std::string generalDateText(const LocalTime& moment)
+{
+    const bool isMidnight = moment.hour == 0 && moment.minute == 0 && moment.second == 0;
+    return isMidnight ? shortDateText(moment) : shortDateText(moment) + ' ' + longTimeText(moment);
 }
 
 std::string dateSeparator()

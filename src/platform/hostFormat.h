@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,6 +23,7 @@ struct CalendarDay
 };
 
 [[nodiscard]] LocalTime now();
+[[nodiscard]] LocalTime localTime(std::chrono::system_clock::time_point moment);
 // Lets the clock stand still at a moment, or run again.
 void setClock(std::optional<LocalTime> moment);
 
@@ -31,6 +33,8 @@ void setHostLocale(std::string_view name);
 // Short date with a year of four digits, long time with seconds.
 [[nodiscard]] std::string shortDateText(const LocalTime& moment);
 [[nodiscard]] std::string longTimeText(const LocalTime& moment);
+// Both, parted by a blank; the date alone at exactly midnight.
+[[nodiscard]] std::string generalDateText(const LocalTime& moment);
 // The sign between the parts of a short date: "/", ".", "-".
 [[nodiscard]] std::string dateSeparator();
 

@@ -12,6 +12,7 @@ namespace platform {
 namespace {
 
 constexpr int significantDigits = 15;
+constexpr int digitsOfAnyDouble = 17; // two doubles never have the same text of so many
 
 bool isDigit(char character)
 {
@@ -87,11 +88,11 @@ struct Decimal
     int exponent;
 };
 
-Decimal roundedDecimal(double magnitude)
+Decimal roundedDecimal(double magnitude, int digits)
 {
     std::array<char, 32> buffer{};
     const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
-                                            std::chars_format::scientific, significantDigits - 1);
+                                            std::chars_format::scientific, digits - 1);
     const std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
     const auto exponentAt = text.find('e');
     Decimal decimal{{text.front()}, 0};
@@ -130,13 +131,30 @@ std::string exponentText(const Decimal& decimal)
     return text + std::to_string(exponent);
 }
 
-std::string magnitudeText(double magnitude)
+std::string magnitudeText(double magnitude, int digits)
 {
-    const auto decimal = roundedDecimal(magnitude);
+    const auto decimal = roundedDecimal(magnitude, digits);
     const auto decimals = static_cast<int>(decimal.digits.size()) - 1 - decimal.exponent;
     const bool isPlain =
-        decimal.exponent < significantDigits && (decimal.exponent >= 0 || decimals <= significantDigits);
+        decimal.exponent < significantDigits && (decimal.exponent >= 0 || decimals <= digits);
     return isPlain ? plainText(decimal) : exponentText(decimal);
+}
+
+std::string numberTextOf(double number, int digits)
+{
+    // Only a database from elsewhere can hold such a number; its text is none, and is refused where one is
+    // read.
+    if (!std::isfinite(number))
+        return number < 0 ? "-inf" : "inf";
+    return (number < 0 ? "-" : "") + magnitudeText(std::abs(number), digits);
+}
+
+// Whether a text of the module's own making reads back as the number.
+bool isTextOf(const std::string& text, double number)
+{
+    double read = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), read);
+    return error == std::errc() && read == number;
 }
 
 template <class Whole>
@@ -180,11 +198,15 @@ double readNumber(std::string_view text)
 
 std::string numberText(double number)
 {
-    // Only a database from elsewhere can hold such a number; its text is none, and is refused where one is
-    // read.
-    if (!std::isfinite(number))
-        return number < 0 ? "-inf" : "inf";
-    return (number < 0 ? "-" : "") + magnitudeText(std::abs(number));
+    return numberTextOf(number, significantDigits);
+}
+
+std::string exactNumberText(double number)
+{
+    auto text = numberText(number);
+    for (int digits = significantDigits + 1; digits <= digitsOfAnyDouble && !isTextOf(text, number); ++digits)
+        text = numberTextOf(number, digits);
+    return text;
 }
 
 std::string signedNumberText(double number)

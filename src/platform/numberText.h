@@ -20,6 +20,10 @@ namespace platform {
 // "1.5E-16".
 [[nodiscard]] std::string numberText(double number);
 
+// The same with as many digits, up to 17, as it takes to read back the very number: what a database holds
+// must not change by being read into a record and stored again.
+[[nodiscard]] std::string exactNumberText(double number);
+
 // Number to text with a blank in the place of a plus sign: " 5", "-5".
 [[nodiscard]] std::string signedNumberText(double number);
 

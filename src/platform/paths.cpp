@@ -1,9 +1,12 @@
 #include "platform/paths.h"
 
+#include "platform/ansiText.h"
 #include "platform/runtimeError.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
+#include <optional>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -17,6 +20,9 @@ namespace platform {
 namespace {
 
 std::string givenDirectory;
+std::filesystem::path givenCache;
+
+constexpr auto cacheName = "zeph_rvis";
 
 std::string withoutLastSeparator(std::string_view path)
 {
@@ -26,6 +32,18 @@ std::string withoutLastSeparator(std::string_view path)
 }
 
 #ifdef _WIN32
+
+std::filesystem::path usersCache()
+{
+    const wchar_t* folder = _wgetenv(L"LOCALAPPDATA");
+    return folder != nullptr ? folder : L"";
+}
+
+// The temporary folder is the user's own.
+std::filesystem::path temporaryCache()
+{
+    return std::filesystem::temp_directory_path() / cacheName;
+}
 
 std::filesystem::path programFile()
 {
@@ -50,6 +68,27 @@ void flushFile(const std::filesystem::path& file)
 void flushFolder(const std::filesystem::path&) {}
 
 #else
+
+// A folder that the environment names; a relative one would be another one from each folder.
+std::filesystem::path folderOf(const char* variable)
+{
+    const char* folder = std::getenv(variable);
+    return folder != nullptr && *folder == '/' ? folder : "";
+}
+
+std::filesystem::path usersCache()
+{
+    if (auto folder = folderOf("XDG_CACHE_HOME"); !folder.empty())
+        return folder;
+    const auto home = folderOf("HOME");
+    return home.empty() ? home : home / ".cache";
+}
+
+// Others have theirs beside it.
+std::filesystem::path temporaryCache()
+{
+    return std::filesystem::temp_directory_path() / (cacheName + ("-" + std::to_string(geteuid())));
+}
 
 std::filesystem::path programFile()
 {
@@ -174,6 +213,39 @@ std::filesystem::path hostPath(std::string_view path)
     std::replace(local.begin(), local.end(), '\\', '/');
     return local;
 #endif
+}
+
+std::filesystem::path anyCasePath(const std::filesystem::path& path)
+{
+    namespace fs = std::filesystem;
+    std::error_code failure;
+    if (fs::exists(path, failure))
+        return path;
+    const auto wanted = utf8Path(path.filename());
+    const auto folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
+    std::optional<fs::path> found;
+    // A folder that can't be listed holds no such file for us.
+    for (fs::directory_iterator entry(folder, failure), end; !failure && entry != end;
+         entry.increment(failure)) {
+        auto name = entry->path().filename();
+        std::error_code ignored;
+        if (!entry->is_directory(ignored) && equalNoCase(utf8Path(name), wanted) && (!found || name < *found))
+            found = std::move(name);
+    }
+    return found ? path.parent_path() / *found : path;
+}
+
+std::filesystem::path userCacheDirectory()
+{
+    if (!givenCache.empty())
+        return givenCache;
+    const auto folder = usersCache();
+    return folder.empty() ? temporaryCache() : folder / cacheName;
+}
+
+void setUserCacheDirectory(const std::filesystem::path& folder)
+{
+    givenCache = folder;
 }
 
 std::string utf8Path(const std::filesystem::path& path)

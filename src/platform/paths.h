@@ -18,8 +18,18 @@ void setProgramDirectory(std::string_view path);
 // Windows the path itself.
 [[nodiscard]] std::filesystem::path hostPath(std::string_view path);
 
+// The path itself where something stands there; otherwise the file of the same folder whose name differs in
+// case alone, the first in the order of names; otherwise the path unchanged.
+[[nodiscard]] std::filesystem::path anyCasePath(const std::filesystem::path& path);
+
 // A path of the host in UTF-8, as libraries take it that know no wide characters.
 [[nodiscard]] std::string utf8Path(const std::filesystem::path& path);
+
+// Where the system keeps what it can make anew at any time; in a folder of the user's own, or among the
+// host's temporary files where the user has none. It need not be there yet.
+[[nodiscard]] std::filesystem::path userCacheDirectory();
+// Another folder in its place; empty for the user's own.
+void setUserCacheDirectory(const std::filesystem::path& folder);
 
 // Puts a file's content on the disk and its folder entry too, where the host can.
 void flushToDisk(const std::filesystem::path& file);

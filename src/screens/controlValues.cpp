@@ -1,6 +1,7 @@
 #include "screens/controlValues.h"
 
 #include "model/ScreenModule.h"
+#include "platform/ansiText.h"
 #include "platform/numberText.h"
 #include "screens/multiValueBox.h"
 
@@ -60,7 +61,10 @@ std::string frequencyOf(const NoticeForm& form, std::string_view control, std::s
     const auto text = form.text(control);
     if (text.empty())
         return {};
-    return platform::numberText(ScreenModule::freqToMHz(platform::readNumber(text), form.text(unit)));
+    const auto megahertz = ScreenModule::freqToMHz(platform::readNumber(text), form.text(unit));
+    // What a multiplication leaves behind the fifteenth digit is not what was typed.
+    return platform::equalNoCase(form.text(unit), "M") ? platform::exactNumberText(megahertz)
+                                                       : platform::numberText(megahertz);
 }
 
 DateParts partsOf(const std::string& date)

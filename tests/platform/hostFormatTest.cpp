@@ -91,6 +91,16 @@ TEST_F(HostFormat, writesMidnightAndTheEndsOfAYear)
     EXPECT_EQ(shortDateText({2024, 2, 29, 0, 0, 0}), "29.02.2024");
 }
 
+TEST_F(HostFormat, writesAMomentAsDateAndTimeAndMidnightAsDateAlone)
+{
+    setHostLocale("de_DE");
+    EXPECT_EQ(generalDateText(afternoon), "05.03.2024 14:07:09");
+    EXPECT_EQ(generalDateText({2024, 3, 5, 0, 0, 0}), "05.03.2024");
+    EXPECT_EQ(generalDateText({2024, 3, 5, 0, 0, 1}), "05.03.2024 00:00:01");
+    setHostLocale("en_US");
+    EXPECT_EQ(generalDateText(afternoon), "3/5/2024 2:07:09 PM");
+}
+
 #ifndef _WIN32
 
 // The variables of the environment that name the host's locale, restored at the end.
@@ -265,6 +275,15 @@ TEST_F(HostFormat, tellsTheHostsLocalTime)
     const auto after = std::time(nullptr);
     EXPECT_LE(before, moment);
     EXPECT_LE(moment, after);
+}
+
+TEST(LocalTime, ofAMomentIsThatOfTheHostsClock)
+{
+    setClock(std::nullopt);
+    const auto before = now();
+    const auto shown = localTime(std::chrono::system_clock::now());
+    EXPECT_TRUE(shown == before || shown == now());
+    EXPECT_NE(localTime(std::chrono::system_clock::now() - std::chrono::hours(24)).day, shown.day);
 }
 
 } // namespace

@@ -118,6 +118,24 @@ TEST(NumberText, belowOneIsPlainWhileFifteenDecimalsSuffice)
     EXPECT_EQ(numberText(1E-100), "1E-100");
 }
 
+TEST(ExactNumberText, isTheCommonTextWhereThatReadsBackTheSame)
+{
+    for (const double number :
+         {0.0, 5.0, -5.0, 151.025, 0.1, 72.025, 123456789012345.0, 1e15, 1.5e-16, 28000.5})
+        EXPECT_EQ(platform::exactNumberText(number), platform::numberText(number));
+}
+
+TEST(ExactNumberText, hasTheDigitsMoreThatReadBackTheVeryNumber)
+{
+    EXPECT_EQ(platform::exactNumberText(2.3333333333333335), "2.3333333333333335");
+    EXPECT_EQ(platform::exactNumberText(0.1 + 0.2), "0.30000000000000004");
+    EXPECT_EQ(platform::exactNumberText(-0.1 - 0.2), "-0.30000000000000004");
+    EXPECT_EQ(platform::exactNumberText(1234567890.1234567), "1234567890.1234567");
+    EXPECT_EQ(platform::exactNumberText(1.0 / 3), "0.3333333333333333");
+    for (const double number : {2.0 / 3, 1e22 / 7, 5e-324, 1.7976931348623157e308, 1e-5 / 3})
+        EXPECT_EQ(platform::readNumber(platform::exactNumberText(number)), number);
+}
+
 TEST(NumberText, withASignHasABlankInThePlaceOfAPlus)
 {
     EXPECT_EQ(signedNumberText(5), " 5");

@@ -4,6 +4,7 @@
 #include "support/failures.h"
 #include "support/temporaryFolder.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
@@ -42,7 +43,54 @@ TEST_F(Paths, ofTheProgramCanBeGiven)
     EXPECT_EQ(programDirectory(), "/");
 }
 
+TEST_F(Paths, ofTheCacheCanBeGiven)
+{
+    setUserCacheDirectory(folder.path());
+    EXPECT_EQ(userCacheDirectory(), folder.path());
+    setUserCacheDirectory({});
+    EXPECT_EQ(userCacheDirectory().filename().string().substr(0, 9), "zeph_rvis");
+}
+
 #ifndef _WIN32
+
+// Variables of the environment that come back with the end of the scope.
+class Environment
+{
+public:
+    Environment()
+    {
+        for (const char* name : {"XDG_CACHE_HOME", "HOME"})
+            m_values.emplace_back(name, std::getenv(name) != nullptr ? std::getenv(name) : "");
+    }
+    ~Environment()
+    {
+        for (const auto& [name, value] : m_values)
+            set(name.c_str(), value.c_str());
+    }
+    Environment(const Environment&) = delete;
+    Environment& operator=(const Environment&) = delete;
+
+    static void set(const char* name, const char* value) { setenv(name, value, 1); }
+
+private:
+    std::vector<std::pair<std::string, std::string>> m_values;
+};
+
+TEST_F(Paths, ofTheCacheIsTheUsersOrATemporaryOne)
+{
+    const Environment environment;
+    Environment::set("XDG_CACHE_HOME", "/one");
+    Environment::set("HOME", "/two");
+    EXPECT_EQ(userCacheDirectory(), "/one/zeph_rvis");
+    Environment::set("XDG_CACHE_HOME", "relative");
+    EXPECT_EQ(userCacheDirectory(), "/two/.cache/zeph_rvis");
+    Environment::set("XDG_CACHE_HOME", "");
+    EXPECT_EQ(userCacheDirectory(), "/two/.cache/zeph_rvis");
+    Environment::set("HOME", "");
+    const auto last = userCacheDirectory();
+    EXPECT_EQ(last.parent_path(), fs::temp_directory_path());
+    EXPECT_TRUE(last.filename().string().starts_with("zeph_rvis-")) << last;
+}
 
 TEST_F(Paths, withADriveLeadIntoTheDrivesFolder)
 {
@@ -116,6 +164,45 @@ TEST_F(Paths, areFlushedInTheCurrentFolderToo)
     fs::current_path(folder.path());
     folder.write("a.txt", "a");
     EXPECT_EQ(failureOf([] { flushToDisk("a.txt"); }), 0);
+    fs::current_path(before);
+}
+
+TEST_F(Paths, thatExistAreTakenAsTheyStandWhateverElseTheFolderHolds)
+{
+    folder.write("Data.mdb", "1");
+    folder.write("DATA.MDB", "2");
+    EXPECT_EQ(anyCasePath(folder.path() / "Data.mdb"), folder.path() / "Data.mdb");
+}
+
+TEST_F(Paths, thatDoNotExistLeadToTheFileWhoseNameDiffersInCaseAlone)
+{
+    folder.write("Data.mdb", "1");
+    EXPECT_EQ(anyCasePath(folder.path() / "dATA.MDB"), folder.path() / "Data.mdb");
+}
+
+#ifndef _WIN32
+TEST_F(Paths, thatDifferInCaseFromManyFilesLeadToTheFirstInTheOrderOfNames)
+{
+    for (const char* name : {"data.mdb", "DATa.mdb", "Data.mdb"})
+        folder.write(name, "1");
+    EXPECT_EQ(anyCasePath(folder.path() / "dATA.MDB"), folder.path() / "DATa.mdb");
+}
+#endif
+
+TEST_F(Paths, withoutSuchAFileStayAsTheyAre)
+{
+    fs::create_directory(folder.path() / "DATA.mdb");
+    folder.write("data.mdbx", "1");
+    for (const auto& path : {folder.path() / "data.mdb", folder.path() / "missing" / "data.mdb", fs::path()})
+        EXPECT_EQ(anyCasePath(path), path);
+}
+
+TEST_F(Paths, areFoundInTheCurrentFolderWhateverTheirCase)
+{
+    folder.write("Data.mdb", "1");
+    const auto before = fs::current_path();
+    fs::current_path(folder.path());
+    EXPECT_EQ(anyCasePath("data.mdb"), fs::path("Data.mdb"));
     fs::current_path(before);
 }
 
