@@ -45,7 +45,7 @@ endfunction()
 function(add_zeph_test name)
   cmake_parse_arguments(arg "" "" "LINK" ${ARGN})
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
-  target_link_libraries(${name} PRIVATE zeph_options zeph_test_support ${arg_LINK})
+  target_link_libraries(${name} PRIVATE zeph_options zeph_test_cache zeph_test_support ${arg_LINK})
   target_compile_definitions(${name} PRIVATE
     ZEPH_DATA_DIR="${CMAKE_SOURCE_DIR}/data" ZEPH_TEST_DIR="${CMAKE_SOURCE_DIR}/tests")
   target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <string> <vector> <filesystem>)

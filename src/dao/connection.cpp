@@ -42,20 +42,21 @@ void distrust(sqlite3* connection)
         Limit{SQLITE_LIMIT_SQL_LENGTH, 1024 * 1024},
         Limit{SQLITE_LIMIT_COLUMN, 256},
         Limit{SQLITE_LIMIT_EXPR_DEPTH, 200},
-        Limit{SQLITE_LIMIT_ATTACHED, 4},
+        Limit{SQLITE_LIMIT_ATTACHED, mostAttachedFiles},
         Limit{SQLITE_LIMIT_VARIABLE_NUMBER, 512},
     };
     for (const auto& [category, value] : limits)
         sqlite3_limit(connection, category, value);
 }
 
-int applicationIdOf(sqlite3* connection)
+void requireOwnFile(sqlite3* connection, const std::string& schema, const std::string& path)
 {
-    const auto statement = prepare(connection, "PRAGMA application_id");
+    const auto statement = prepare(connection, "PRAGMA " + schema + ".application_id");
     const int result = sqlite3_step(statement.get());
     if (result != SQLITE_ROW)
-        throw engineFailure(result, connection, pathOf(connection));
-    return sqlite3_column_int(statement.get(), 0);
+        throw engineFailure(result, connection, path);
+    if (sqlite3_column_int(statement.get(), 0) != applicationId)
+        raiseEngineError(errUnrecognizedFormat, path);
 }
 
 } // namespace
@@ -94,11 +95,24 @@ Connection openConnection(const std::string& path, bool readOnly)
     // Wiping what was deleted, the default of some builds of the library, costs time and protects no secret
     // here.
     execute(connection.get(), "PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA secure_delete=OFF");
-    if (applicationIdOf(connection.get()) != applicationId)
-        raiseEngineError(errUnrecognizedFormat, path);
+    requireOwnFile(connection.get(), "main", path);
     // EXTRA also puts the removal of the journal on the disk, which ends a commit.
     execute(connection.get(), readOnly ? "PRAGMA query_only=ON" : "PRAGMA synchronous=EXTRA");
     return connection;
+}
+
+void attachFile(sqlite3* connection, const std::string& path, const std::string& schema)
+{
+    const auto statement = prepare(connection, "ATTACH ?1 AS ?2");
+    bindText(statement.get(), 1, path);
+    bindText(statement.get(), 2, schema);
+    const int result = sqlite3_step(statement.get());
+    // The engine beneath reads a file of another text encoding than the first one's only by itself.
+    if (result == SQLITE_ERROR)
+        raiseEngineError(errUnrecognizedFormat, path);
+    if (result != SQLITE_DONE)
+        throw engineFailure(result, connection, path);
+    requireOwnFile(connection, schema, path);
 }
 
 Statement prepare(sqlite3* connection, std::string_view sql)
@@ -123,6 +137,27 @@ std::string pathOf(sqlite3* connection)
 {
     const char* name = sqlite3_db_filename(connection, "main");
     return name != nullptr ? name : "";
+}
+
+void bindText(sqlite3_stmt* statement, int place, std::string_view text)
+{
+    sqlite3_bind_text64(statement, place, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);
+}
+
+std::string textAt(sqlite3_stmt* statement, int column)
+{
+    const auto* text =
+        static_cast<const char*>(static_cast<const void*>(sqlite3_column_text(statement, column)));
+    const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
+    return text != nullptr ? std::string(text, length) : std::string();
+}
+
+bool stepToRow(sqlite3* connection, sqlite3_stmt* statement)
+{
+    const int result = sqlite3_step(statement);
+    if (result != SQLITE_ROW && result != SQLITE_DONE)
+        throw engineFailure(result, connection, pathOf(connection));
+    return result == SQLITE_ROW;
 }
 
 } // namespace dao

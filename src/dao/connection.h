@@ -12,6 +12,9 @@ namespace dao {
 // In the header of each file of the engine: "ZEPH".
 inline constexpr int applicationId = 0x5A455048;
 
+// How many files may be open beneath a connection besides its own.
+inline constexpr int mostAttachedFiles = 10;
+
 struct ConnectionCloser
 {
     void operator()(sqlite3* connection) const noexcept { sqlite3_close_v2(connection); }
@@ -31,11 +34,20 @@ using Statement = std::unique_ptr<sqlite3_stmt, StatementCloser>;
 // The same for any SQLite file, a new one included, without a look at what it holds.
 [[nodiscard]] Connection openAnyFile(const std::string& path, int flags);
 
+// Opens another file beneath the same connection, under a schema's name and with the same distrust.
+void attachFile(sqlite3* connection, const std::string& path, const std::string& schema);
+
 [[nodiscard]] Statement prepare(sqlite3* connection, std::string_view sql);
 
 // Runs statements that give no rows of interest. Throws the engine's failure.
 void execute(sqlite3* connection, const char* sql);
 
 [[nodiscard]] std::string pathOf(sqlite3* connection);
+
+// For short looks into a file. The text must outlive the statement's steps.
+void bindText(sqlite3_stmt* statement, int place, std::string_view text);
+[[nodiscard]] std::string textAt(sqlite3_stmt* statement, int column);
+// False without a further row.
+[[nodiscard]] bool stepToRow(sqlite3* connection, sqlite3_stmt* statement);
 
 } // namespace dao

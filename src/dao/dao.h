@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dao/value.h"
+#include "platform/hostFormat.h"
 #include "platform/runtimeError.h"
 
 #include <cstdint>
@@ -14,9 +15,11 @@
 namespace dao {
 
 class Database;
+class Index;
 class QueryDef;
 class Recordset;
 class RowSnapshot;
+class TableDef;
 class Workspace;
 
 // An object variable: unset at first, and using it unset is failure 91. Copies refer to one object.
@@ -57,9 +60,22 @@ public:
     // The default session, in which transactions run; 0 is the one number.
     [[nodiscard]] static Ref<Workspace> Workspaces(int number);
 
-    // Opens a database file of this engine, shared. Throws 3024 without the file, 3343 for another kind of
-    // file, 3049 for a damaged one, 3051 without permission.
+    // Opens a database file, shared, and with it the files that its links lead to; these are looked for in
+    // the folder of the linking file first, whatever the case of their names. It is a file of this engine or
+    // one of the original engine, versions 3 and 4. The latter is never written: its definitions are read
+    // from it at once, its rows with the first query, into a cache of the user; the first write makes a file
+    // of this engine beside it, "NAME.mdb.corrected", which is what is read and written under the old path
+    // from then on. Throws 3024 without a file, 3043 and 3051 where it can't be read, 3049 for a damaged one,
+    // 3078 without the table of a link, 3197 for an old file that was changed after it was corrected, 3343
+    // for another kind of file. The first query can fail with 3026 when there is no room for the cache, 3045
+    // when the old file keeps changing; the first write with 3026, 3027 where no file can be made beside the
+    // old one, 3045 when that has changed.
     [[nodiscard]] static Ref<Database> OpenDatabase(const std::string& name, bool options, bool readOnly);
+
+    // Makes a file of this engine with the content of any file that can be opened. 3204 when the destination
+    // is there already, 3026 when the disk is full, 3027 where it can't be written; nothing half made is
+    // left.
+    static void CompactDatabase(const std::string& source, const std::string& destination);
 };
 
 // A session: one transaction over all writes of its databases. A transaction begins on a database with the
@@ -117,14 +133,102 @@ private:
     std::unique_ptr<State> m_state;
 };
 
+// A column as an index names it.
+class Field
+{
+public:
+    explicit Field(std::string name) : m_name(std::move(name)) {}
+    [[nodiscard]] const std::string& Name() const { return m_name; }
+
+private:
+    std::string m_name;
+};
+
+// The columns of an index, in the order of the key, ascending.
+class IndexFields
+{
+public:
+    void Append(Field field) { m_fields.push_back(std::move(field)); }
+    [[nodiscard]] auto begin() const { return m_fields.begin(); }
+    [[nodiscard]] auto end() const { return m_fields.end(); }
+    [[nodiscard]] std::size_t Count() const { return m_fields.size(); }
+
+private:
+    std::vector<Field> m_fields;
+};
+
+// An index, neither primary nor unique when it is made here. It is in the file once it is appended.
+class Index
+{
+public:
+    explicit Index(std::string name) : m_name(std::move(name)) {}
+    [[nodiscard]] const std::string& Name() const { return m_name; }
+    [[nodiscard]] static Field CreateField(std::string_view name) { return Field(std::string(name)); }
+    [[nodiscard]] IndexFields& Fields() { return m_fields; }
+    [[nodiscard]] const IndexFields& Fields() const { return m_fields; }
+
+private:
+    std::string m_name;
+    IndexFields m_fields;
+};
+
+// The indexes of a table, as they stood in the file when they were last looked up; in the order of their
+// names. Names are not case-sensitive.
+class Indexes
+{
+public:
+    [[nodiscard]] auto begin() const { return m_indexes.begin(); }
+    [[nodiscard]] auto end() const { return m_indexes.end(); }
+    [[nodiscard]] std::size_t Count() const { return m_indexes.size(); }
+
+    // Makes the index in the file: 3264 without a field, 3409 for a field that the table has not, 3284 for a
+    // name that is taken, 3027 on a database that is open for reading.
+    void Append(const Ref<Index>& index);
+    // 3265 without an index of that name, 3027 on a database that is open for reading.
+    void Delete(std::string_view name);
+    // Looks the indexes up again.
+    void Refresh();
+
+private:
+    friend class TableDef;
+    explicit Indexes(TableDef& table) : m_table(table) {}
+    TableDef& m_table;
+    std::vector<Index> m_indexes;
+};
+
+// The definition of a table of the file. Using it after its database was closed is failure 3420.
+class TableDef
+{
+public:
+    [[nodiscard]] const std::string& Name() const;
+    [[nodiscard]] static Ref<Index> CreateIndex(std::string_view name);
+    [[nodiscard]] dao::Indexes& Indexes();
+    // When the definition was last changed, its indexes included; data does not count.
+    [[nodiscard]] platform::LocalTime LastUpdated() const;
+
+    struct State;
+    explicit TableDef(std::unique_ptr<State> state);
+    ~TableDef();
+    TableDef(const TableDef&) = delete;
+    TableDef& operator=(const TableDef&) = delete;
+
+private:
+    friend class dao::Indexes;
+    std::unique_ptr<State> m_state;
+};
+
 // A database file in use. Its statements are kept by their text while it is open.
 class Database
 {
 public:
     // The name is empty: a query is never stored in the file.
     [[nodiscard]] Ref<QueryDef> CreateQueryDef(std::string_view name, std::string_view sql);
-    // dbOpenTable: the whole table by its name, 3078 without it. dbOpenDynaset: a query without parameters.
+    // dbOpenTable: the whole table by its name, 3078 without it, 3219 for a link to a table of another file.
+    // dbOpenDynaset: a query without parameters.
     [[nodiscard]] Ref<Recordset> OpenRecordset(std::string_view source, RecordsetType type);
+
+    // A table of the file by its name: 3265 without it.
+    [[nodiscard]] Ref<TableDef> TableDefs(std::string_view name);
 
     // Releases every recordset still open and the file. Using the database afterwards is failure 3420.
     void Close();
@@ -135,6 +239,7 @@ public:
     void beginBulkLoad(const std::vector<std::string>& tablesToAnalyse);
 
     // A quick check of the whole file: 3049 when it is damaged; what keeps the check from running, as itself.
+    // An old file is checked as its rows are read.
     void requireSound();
 
     // From now until endReading all that is read is one state of the file, which nobody else can change

@@ -1,9 +1,14 @@
+#include "dao/columnTypes.h"
 #include "dao/databaseState.h"
 #include "dao/engineError.h"
+#include "dao/jetCorrections.h"
 #include "platform/ansiText.h"
+#include "platform/paths.h"
 
 #include <algorithm>
 #include <cassert>
+#include <chrono>
+#include <filesystem>
 #include <utility>
 
 namespace dao {
@@ -15,19 +20,6 @@ namespace {
 constexpr std::int64_t firstStatistics = 2'000;
 constexpr std::int64_t statisticsFactor = 4;
 
-// A column's declared type in the schema: INTEGER, SMALLINT, DOUBLE, TEXT.
-DataType declaredType(const char* declaration)
-{
-    const std::string_view name = declaration != nullptr ? declaration : "";
-    if (platform::equalNoCase(name, "INTEGER"))
-        return DataType::dbLong;
-    if (platform::equalNoCase(name, "SMALLINT"))
-        return DataType::dbInteger;
-    if (platform::equalNoCase(name, "DOUBLE"))
-        return DataType::dbDouble;
-    return DataType::dbText;
-}
-
 std::vector<Column> columnsOf(sqlite3_stmt* statement, bool withIdentity)
 {
     std::vector<Column> columns;
@@ -35,7 +27,7 @@ std::vector<Column> columnsOf(sqlite3_stmt* statement, bool withIdentity)
     columns.reserve(static_cast<std::size_t>(count));
     for (int column = withIdentity ? 1 : 0; column < count; ++column)
         columns.push_back({sqlite3_column_name(statement, column),
-                           declaredType(sqlite3_column_decltype(statement, column))});
+                           columnTypeOf(sqlite3_column_decltype(statement, column))});
     return columns;
 }
 
@@ -62,12 +54,16 @@ std::size_t columnPosition(const std::vector<Column>& columns, std::string_view 
 }
 
 Database::State::State(std::string databasePath, bool openReadOnly, std::shared_ptr<Workspace::State> session)
-    : path(std::move(databasePath)),
-      readOnly(openReadOnly),
-      m_connection(openConnection(path, openReadOnly)),
-      m_workspace(std::move(session))
+    : path(std::move(databasePath)), readOnly(openReadOnly), m_workspace(std::move(session))
 {
+    if (const auto correction = correctionOf(path); !correction.empty())
+        openOwnFile(correction);
+    else if (OldFile::isAt(path))
+        openOldFile();
+    else
+        openOwnFile(path);
     m_workspace->databases.push_back(this);
+    m_open = true;
 }
 
 Database::State::~State()
@@ -80,16 +76,15 @@ Database::State::~State()
     }
 }
 
-sqlite3* Database::State::handle() const
+void Database::State::ensureOpen() const
 {
-    if (!m_connection)
+    if (!m_open)
         raiseEngineError(errObjectClosed);
-    return m_connection.get();
 }
 
 void Database::State::close()
 {
-    if (!m_connection)
+    if (!std::exchange(m_open, false))
         return;
     m_workspace->databases.remove(this);
     while (!recordsets.empty())
@@ -102,6 +97,7 @@ void Database::State::close()
     if (m_reading)
         endReading();
     m_begin.reset();
+    m_writeLock.reset();
     m_commit.reset();
     const auto connection = std::move(m_connection);
     if (std::exchange(m_bulkLoad, false))
@@ -110,17 +106,18 @@ void Database::State::close()
 
 CompiledQuery& Database::State::query(std::string_view jetSql)
 {
+    followCorrection();
     auto* const connection = handle();
     if (const auto known = m_queries.find(jetSql); known != m_queries.end())
         return known->second;
     CompiledQuery compiled;
-    compiled.text = translateQuery(jetSql);
+    compiled.text = translateQuery(jetSql, links);
     compiled.idle.push_back(prepare(connection, compiled.text.sql));
     compiled.columns = columnsOf(compiled.idle.back().get(), compiled.text.hasIdentity());
     return m_queries.emplace(std::string(jetSql), std::move(compiled)).first->second;
 }
 
-Statement Database::State::takeStatement(CompiledQuery& compiled) const
+Statement Database::State::takeStatement(CompiledQuery& compiled)
 {
     if (compiled.idle.empty())
         return prepare(handle(), compiled.text.sql);
@@ -131,9 +128,13 @@ Statement Database::State::takeStatement(CompiledQuery& compiled) const
 
 TableInfo& Database::State::table(std::string_view name)
 {
-    static_cast<void>(handle());
+    ensureOpen();
     if (const auto known = m_tables.find(name); known != m_tables.end())
         return known->second;
+    if (findLink(links, name) != nullptr)
+        raiseEngineError(errInvalidOperation);
+    if (isReservedName(name))
+        raiseEngineError(errNoSuchTable, name);
     TableInfo table;
     table.name = name;
     table.rows = &query("SELECT * FROM [" + table.name + "]");
@@ -141,7 +142,7 @@ TableInfo& Database::State::table(std::string_view name)
     return m_tables.emplace(std::string(name), std::move(table)).first->second;
 }
 
-int Database::State::runKept(Statement& kept, const char* sql) const
+int Database::State::runKept(Statement& kept, const char* sql)
 {
     if (!kept)
         kept = prepare(handle(), sql);
@@ -150,17 +151,35 @@ int Database::State::runKept(Statement& kept, const char* sql) const
     return result == SQLITE_DONE ? SQLITE_OK : result;
 }
 
+// The right to write, at once. Where other files are open beneath the same connection, the plain statement
+// would lock them too, and no one else could write them.
+int Database::State::beginTransaction()
+{
+    if (links.empty())
+        return runKept(m_begin, "BEGIN IMMEDIATE");
+    int result = runKept(m_begin, "BEGIN");
+    if (result != SQLITE_OK)
+        return result;
+    result = runKept(m_writeLock, takeWriteLock);
+    if (result != SQLITE_OK)
+        sqlite3_exec(handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+    return result;
+}
+
 void Database::State::beginWrite()
 {
-    static_cast<void>(handle());
+    ensureOpen();
     if (readOnly)
         raiseEngineError(errReadOnly);
     if (doom)
         throw platform::RuntimeError(*doom);
     assert(!m_reading && "nothing is written under a reading scope");
+    if (m_old)
+        beginCorrection();
     if (!m_workspace->inTransaction || begun)
         return;
-    const int result = runKept(m_begin, "BEGIN IMMEDIATE");
+    static_cast<void>(handle()); // files that wait are opened before the transaction
+    const int result = beginTransaction();
     if (result != SQLITE_OK)
         fail(result);
     begun = true;
@@ -214,6 +233,46 @@ void Database::State::rollback()
     takeLoadLock();
 }
 
+void Database::State::changeDefinition(const std::string& table, const std::function<void(sqlite3*)>& change)
+{
+    requireOwnFile();
+    auto* const connection = m_connection.get();
+    if (sqlite3_get_autocommit(connection) == 0)
+        raiseEngineError(errLocked, path);
+    int result = beginTransaction();
+    if (result != SQLITE_OK)
+        fail(result);
+    try {
+        change(connection);
+        noteTableChange(connection, table);
+        result = runKept(m_commit, "COMMIT");
+        if (result != SQLITE_OK)
+            fail(result);
+    } catch (const platform::RuntimeError&) {
+        // Where the engine has ended the transaction by itself, nothing is left to roll back.
+        sqlite3_exec(connection, "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+}
+
+platform::LocalTime Database::State::lastUpdated(ObjectKind kind, const std::string& name)
+{
+    ensureOpen();
+    if (m_old)
+        return m_old->lastUpdated(kind, name);
+    if (const auto noted = lastChangeOf(m_connection.get(), kind, name))
+        return *noted;
+    if (!m_fileTime) {
+        std::error_code failure;
+        const auto time = std::filesystem::last_write_time(platform::hostPath(path), failure);
+        if (failure)
+            raiseEngineError(errFileMissing, path);
+        m_fileTime = platform::localTime(std::chrono::time_point_cast<std::chrono::system_clock::duration>(
+            std::chrono::file_clock::to_sys(time)));
+    }
+    return *m_fileTime;
+}
+
 void Database::State::takeLoadLock()
 {
     if (m_loadLock)
@@ -229,6 +288,8 @@ void Database::State::releaseLoadLock()
 
 void Database::State::beginBulkLoad(const std::vector<std::string>& tablesToAnalyse)
 {
+    if (m_old)
+        beginWrite();
     // A commit is a write into the operating system's memory, which outlives the process, and the journal is
     // kept from one transaction to the next instead of being made and removed each time. Where a setting is
     // refused the load is as right without it, only slower.
@@ -238,7 +299,7 @@ void Database::State::beginBulkLoad(const std::vector<std::string>& tablesToAnal
                  nullptr, nullptr, nullptr);
     m_bulkLoad = true;
     for (const auto& table : tablesToAnalyse)
-        m_analysis += "ANALYZE [" + table + "];";
+        m_analysis += "ANALYZE main.[" + table + "];";
     m_nextStatistics = m_rowsWritten + firstStatistics;
     // A query that is never finished keeps the lock of a reader between two transactions: the journal stays
     // open, and nobody can put another file's content in the place of this one half way.
@@ -250,9 +311,12 @@ void Database::State::beginBulkLoad(const std::vector<std::string>& tablesToAnal
     takeLoadLock();
 }
 
-void Database::State::requireSound() const
+void Database::State::requireSound()
 {
-    const auto check = prepare(handle(), "PRAGMA quick_check(1)");
+    ensureOpen();
+    if (m_old)
+        return; // its content is checked as it is read
+    const auto check = prepare(handle(), "PRAGMA main.quick_check(1)");
     const int result = sqlite3_step(check.get());
     if (result != SQLITE_ROW)
         throw engineFailure(result, handle(), path);
@@ -264,8 +328,14 @@ void Database::State::requireSound() const
 
 bool Database::State::beginReading()
 {
-    if (!m_connection || sqlite3_get_autocommit(m_connection.get()) == 0)
+    // Nobody changes what was read of an old file.
+    if (m_old || !m_connection || sqlite3_get_autocommit(m_connection.get()) == 0)
         return false;
+    try {
+        openWaitingFiles();
+    } catch (const platform::RuntimeError&) {
+        return false; // the queries tell
+    }
     m_reading = sqlite3_exec(m_connection.get(), "BEGIN", nullptr, nullptr, nullptr) == SQLITE_OK;
     return m_reading;
 }
@@ -326,7 +396,7 @@ Ref<Recordset> Database::OpenRecordset(std::string_view source, RecordsetType ty
 
 void Database::Close()
 {
-    static_cast<void>(m_state->handle());
+    m_state->ensureOpen();
     m_state->close();
 }
 

@@ -1,7 +1,11 @@
 #include "dao/databaseFile.h"
 
+#include "dao/bookkeeping.h"
 #include "dao/connection.h"
 #include "dao/engineError.h"
+#include "dao/fleetingFile.h"
+#include "dao/jetCorrections.h"
+#include "dao/oldFile.h"
 #include "platform/paths.h"
 
 #include <filesystem>
@@ -27,25 +31,6 @@ void removeCompanions(const fs::path& database)
             platform::raise(platform::errPermissionDenied);
     }
 }
-
-// A file that goes with its scope, unless it has got another name by then.
-class FleetingFile
-{
-public:
-    explicit FleetingFile(fs::path path) : m_path(std::move(path)) {}
-    ~FleetingFile()
-    {
-        std::error_code ignored;
-        fs::remove(m_path, ignored);
-    }
-    FleetingFile(const FleetingFile&) = delete;
-    FleetingFile& operator=(const FleetingFile&) = delete;
-
-    [[nodiscard]] const fs::path& path() const { return m_path; }
-
-private:
-    fs::path m_path;
-};
 
 void replaceFile(const fs::path& source, const fs::path& target)
 {
@@ -87,6 +72,22 @@ bool replaceThroughEngine(const fs::path& source, const fs::path& target)
     throw engineFailure(result, nullptr, target.string());
 }
 
+// What stands over a cache or over corrections alone is left out.
+void writeOwnFile(const std::string& source, const fs::path& target)
+{
+    const auto content = openConnection(contentOf(source), true);
+    writeContent(content.get(), platform::utf8Path(target), [](sqlite3* own) {
+        execute(own, "DROP TABLE IF EXISTS zeph_source; DROP TABLE IF EXISTS zeph_original; VACUUM");
+    });
+}
+
+void replace(const fs::path& source, const fs::path& target)
+{
+    std::error_code ignored;
+    if (!fs::is_regular_file(target, ignored) || !replaceThroughEngine(source, target))
+        replaceFile(source, target);
+}
+
 bool sameFile(const fs::path& left, const fs::path& right)
 {
     std::error_code ignored;
@@ -100,6 +101,7 @@ void createDatabaseFile(const std::string& path, std::string_view script)
     fs::remove(path);
     const auto connection = openAnyFile(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     execute(connection.get(), std::string(script).c_str());
+    noteAllTables(connection.get());
     execute(connection.get(),
             ("PRAGMA application_id=" + std::to_string(applicationId) + "; VACUUM").c_str());
 }
@@ -113,8 +115,33 @@ void copyDatabaseFile(const std::string& source, const std::string& target)
         platform::raise(platform::errFileNotFound);
     if (sameFile(from, onto))
         platform::raise(platform::errPermissionDenied);
-    if (!fs::is_regular_file(onto, ignored) || !replaceThroughEngine(from, onto))
-        replaceFile(from, onto);
+    if (OldFile::isAt(source)) {
+        const FleetingFile own(fs::path(onto) += ".own");
+        writeOwnFile(source, own.path());
+        replace(own.path(), onto);
+    } else {
+        replace(from, onto);
+    }
+    removeCorrection(target); // of what lay there before
+}
+
+void compactDatabaseFile(const std::string& source, const std::string& target)
+{
+    const auto onto = platform::hostPath(target);
+    std::error_code ignored;
+    if (fs::exists(fs::symlink_status(onto, ignored)))
+        raiseEngineError(errDatabaseExists);
+    writeOwnFile(source, onto);
+}
+
+void linkTable(const std::string& databasePath, const std::string& name, const std::string& file,
+               const std::string& table)
+{
+    const auto connection = openConnection(databasePath, false);
+    // Without a commit the transaction ends with the connection.
+    execute(connection.get(), "BEGIN IMMEDIATE");
+    noteLink(connection.get(), {name, file, table});
+    execute(connection.get(), "COMMIT");
 }
 
 } // namespace dao

@@ -1,9 +1,13 @@
 #pragma once
 
+#include "dao/bookkeeping.h"
 #include "dao/connection.h"
 #include "dao/dao.h"
+#include "dao/links.h"
+#include "dao/oldFile.h"
 #include "dao/sqlTranslator.h"
 
+#include <functional>
 #include <list>
 #include <map>
 #include <optional>
@@ -17,7 +21,7 @@ class RowStore;
 struct Column
 {
     std::string name;
-    DataType type;
+    ColumnType type;
 };
 
 // The position of a column by its name without regard to case; 3265 for an unknown one. The search begins
@@ -65,14 +69,17 @@ struct Database::State
     State(const State&) = delete;
     State& operator=(const State&) = delete;
 
-    [[nodiscard]] sqlite3* handle() const; // 3420 once closed
+    void ensureOpen() const; // 3420 once closed
+    // Ready for queries; the content of old files is read for it when it was not yet. 3420 once closed.
+    [[nodiscard]] sqlite3* handle();
     void close();
 
     // Statements, kept by their text.
     CompiledQuery& query(std::string_view jetSql);
-    [[nodiscard]] Statement takeStatement(CompiledQuery& compiled) const;
+    [[nodiscard]] Statement takeStatement(CompiledQuery& compiled);
     TableInfo& table(std::string_view name);
-    // Must be called before each write, and before a row is read that is going to be written.
+    // Must be called before each write, and before a row is read that is going to be written. No statement
+    // that was prepared before can be used afterwards, but for that of an open recordset.
     void beginWrite();
     // Runs a statement that writes one row, and clears it.
     void runWrite(sqlite3_stmt* statement);
@@ -84,8 +91,19 @@ struct Database::State
     void commit();
     void rollback();
 
+    // Definitions, as the file tells them without its rows.
+    [[nodiscard]] std::optional<std::string> findTable(std::string_view name) const;
+    [[nodiscard]] std::vector<Index> indexesOf(const std::string& table) const;
+    // 3027 for an old file.
+    void requireOwnFile() const;
+    // Runs a change of the table's definition, which gets a new date, in a transaction of its own: no
+    // Rollback of a workspace takes it back, and 3218 while one has begun on this file.
+    void changeDefinition(const std::string& table, const std::function<void(sqlite3*)>& change);
+    // The date of the file itself for a table that the file has no record of.
+    [[nodiscard]] platform::LocalTime lastUpdated(ObjectKind kind, const std::string& name);
+
     void beginBulkLoad(const std::vector<std::string>& tablesToAnalyse);
-    void requireSound() const;
+    void requireSound();
     bool beginReading();
     void endReading() noexcept;
 
@@ -94,22 +112,38 @@ struct Database::State
     bool begun = false;                         // the transaction has begun on this file
     std::optional<platform::RuntimeError> doom; // why it can no longer be committed
     std::vector<Recordset::State*> recordsets;  // the open ones
+    LinkedTables links;
 
 private:
+    void openOwnFile(const std::string& file);
+    void openOldFile();
+    void openWaitingFiles();
+    // From an old file to its corrections: those that somebody else has begun, or new ones.
+    void followCorrection();
+    void beginCorrection();
+    void goOnIn(const std::string& correction);
+    // The result code of the engine.
+    int beginTransaction();
     // A statement without parameters and rows, kept in `kept`.
-    int runKept(Statement& kept, const char* sql) const;
+    int runKept(Statement& kept, const char* sql);
     void takeLoadLock();
     void releaseLoadLock();
     void renewStatistics();
     void endBulkLoad(sqlite3* connection) const;
 
-    // The connection stands before the statements: those must go first.
+    bool m_open = false;
+    std::unique_ptr<OldFile> m_old; // until it is corrected
+    // The connection stands before the statements: those must go first. Of an old file it is that of its
+    // content, once this is asked for.
     Connection m_connection;
+    std::vector<LinkedFile> m_linkedFiles;
+    std::size_t m_openLinkedFiles = 0; // the first ones of them
     std::shared_ptr<Workspace::State> m_workspace;
     std::unordered_map<std::string, CompiledQuery, TextHash, std::equal_to<>> m_queries;
     std::map<std::string, TableInfo, std::less<>> m_tables;
-    Statement m_begin, m_commit, m_loadLock;
-    std::string m_analysis; // what renews the statistics
+    Statement m_begin, m_writeLock, m_commit, m_loadLock;
+    std::string m_analysis;                        // what renews the statistics
+    std::optional<platform::LocalTime> m_fileTime; // once asked for
     bool m_bulkLoad = false;
     bool m_reading = false;
     std::int64_t m_rowsWritten = 0;
@@ -140,6 +174,7 @@ struct Recordset::State
     void ensureStarted();
     void readAll(); // into memory; when they stood there already, nothing moves
     void readAllAndStay();
+    void leaveConnection(); // with its rows in memory
     void requireRow();
     [[nodiscard]] Value current(std::size_t column) const;
     [[nodiscard]] std::int64_t rowIdentity() const;

@@ -1,3 +1,4 @@
+#include "dao/databaseFile.h"
 #include "dao/databaseState.h"
 #include "dao/engineError.h"
 
@@ -24,6 +25,11 @@ Ref<Database> DBEngine::OpenDatabase(const std::string& name, bool, bool readOnl
 {
     return Ref(
         std::make_shared<Database>(std::make_shared<Database::State>(name, readOnly, defaultSession())));
+}
+
+void DBEngine::CompactDatabase(const std::string& source, const std::string& destination)
+{
+    compactDatabaseFile(source, destination);
 }
 
 } // namespace dao

@@ -44,11 +44,16 @@ constexpr std::array descriptions = {
         "name is spelled correctly."},
     Description{errAmbiguousField, "The specified field could refer to more than one table:  |."},
     Description{errRecordDeleted, "Record is deleted."},
+    Description{errDatabaseExists, "Database already exists."},
     Description{errLocked, "Could not update; currently locked."},
+    Description{errInvalidOperation, "Invalid operation."},
     Description{errOperationNotSupported, "Operation is not supported for this type of object."},
+    Description{errNoFieldDefined, "No field defined--cannot append TableDef or Index."},
     Description{errNoSuchItem, "Item not found in this collection."},
+    Description{errIndexExists, "Index already exists."},
     Description{errRuleViolated, "One or more values are prohibited by a rule set for the table:  |."},
     Description{errUnrecognizedFormat, "Unrecognized database format '|'."},
+    Description{errInvalidField, "Invalid field name '|' in definition of index or relationship."},
     Description{errObjectClosed, "Object invalid or no longer set."},
     Description{errConversion, "Data type conversion error."},
 };
@@ -64,6 +69,13 @@ platform::RuntimeError failure(EngineErrorNumber number, std::string_view name)
         return {number, filled};
     }
     return {number, "Reserved error (" + std::string(name) + "); there is no message for this error."};
+}
+
+// A table's name without the schema that the translation put before it.
+std::string_view withoutSchema(std::string_view name)
+{
+    const bool qualified = name.starts_with("main.") || name.starts_with("zeph_link");
+    return qualified ? name.substr(name.find('.') + 1) : name;
 }
 
 // What the SQL compiler says about a text that it can't compile.
@@ -82,7 +94,7 @@ platform::RuntimeError compileFailure(std::string_view message)
     };
     for (const auto& [start, number] : patterns) {
         if (message.starts_with(start))
-            return failure(number, message.substr(start.size()));
+            return failure(number, withoutSchema(message.substr(start.size())));
     }
     return failure(errSyntax, message);
 }
@@ -92,6 +104,11 @@ platform::RuntimeError compileFailure(std::string_view message)
 void raiseEngineError(EngineErrorNumber number, std::string_view name)
 {
     throw failure(number, name);
+}
+
+platform::RuntimeError engineFailure(EngineErrorNumber number, std::string_view name)
+{
+    return failure(number, name);
 }
 
 platform::RuntimeError engineFailure(int resultCode, sqlite3* connection, std::string_view path)

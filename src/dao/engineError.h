@@ -33,11 +33,17 @@ enum EngineErrorNumber : int
     errNoSuchTable = 3078,
     errAmbiguousField = 3079,
     errRecordDeleted = 3167,
+    errDataChanged = 3197,
+    errDatabaseExists = 3204,
     errLocked = 3218,
+    errInvalidOperation = 3219,
     errOperationNotSupported = 3251,
+    errNoFieldDefined = 3264,
     errNoSuchItem = 3265,
+    errIndexExists = 3284,
     errRuleViolated = 3317,
     errUnrecognizedFormat = 3343,
+    errInvalidField = 3409,
     errObjectClosed = 3420,
     errConversion = 3421,
 };
@@ -45,6 +51,9 @@ enum EngineErrorNumber : int
 // Throws RuntimeError with the engine's text. `name` is the file, table or other thing that the text speaks
 // of.
 [[noreturn]] void raiseEngineError(EngineErrorNumber number, std::string_view name = {});
+
+// The same, to be thrown later.
+[[nodiscard]] platform::RuntimeError engineFailure(EngineErrorNumber number, std::string_view name);
 
 // The failure that an SQLite result code stands for, with the message of the connection where there is one.
 [[nodiscard]] platform::RuntimeError engineFailure(int resultCode, sqlite3* connection,

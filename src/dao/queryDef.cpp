@@ -11,13 +11,13 @@ QueryDef::~QueryDef() = default;
 void QueryDef::Parameter::setValue(const Value& value)
 {
     auto& query = *m_query.m_state;
-    static_cast<void>(query.database->handle());
+    query.database->ensureOpen();
     query.values[m_index] = value.convertedTo(query.query->text.parameters[m_index].type);
 }
 
 QueryDef::Parameter QueryDef::Parameters(std::string_view name)
 {
-    static_cast<void>(m_state->database->handle());
+    m_state->database->ensureOpen();
     const auto& declared = m_state->query->text.parameters;
     for (std::size_t index = 0; index < declared.size(); ++index) {
         if (platform::equalNoCase(declared[index].name, name))
@@ -28,7 +28,7 @@ QueryDef::Parameter QueryDef::Parameters(std::string_view name)
 
 Ref<Recordset> QueryDef::OpenRecordset(RecordsetType type)
 {
-    static_cast<void>(m_state->database->handle());
+    m_state->database->ensureOpen();
     if (type != dbOpenDynaset)
         raiseEngineError(errOperationNotSupported);
     std::vector<Value> values;

@@ -1,6 +1,7 @@
 #include "dao/databaseState.h"
 #include "dao/engineError.h"
 #include "dao/rowStore.h"
+#include "dao/valueForms.h"
 #include "platform/ansiText.h"
 #include "platform/numberText.h"
 
@@ -35,15 +36,22 @@ void bind(Database::State& database, sqlite3_stmt* statement, int place, const V
     database.fail(result);
 }
 
-std::string quotedName(std::string_view name)
+// As a column of the type holds it: a Boolean that nobody has assigned is not Null.
+void bindColumn(Database::State& database, sqlite3_stmt* statement, int place, const Column& column,
+                const std::optional<Value>& value)
 {
-    std::string quoted = "\"";
-    for (const char sign : name) {
-        quoted += sign;
-        if (sign == '"')
-            quoted += sign;
+    if (!value) {
+        if (column.type.type == DataType::dbBoolean)
+            bindText(statement, place, "FALSE");
+        return;
     }
-    return quoted += '"';
+    if (column.type.type != DataType::dbBinary || value->isNull()) {
+        bind(database, statement, place, *value);
+        return;
+    }
+    const auto bytes = bytesOfHex(value->text()).value_or("");
+    if (sqlite3_bind_blob64(statement, place, bytes.data(), bytes.size(), SQLITE_TRANSIENT) != SQLITE_OK)
+        raiseEngineError(errResources);
 }
 
 sqlite3_stmt* insertionOf(TableInfo& table, sqlite3* connection)
@@ -55,7 +63,7 @@ sqlite3_stmt* insertionOf(TableInfo& table, sqlite3* connection)
             names += (names.empty() ? "" : ", ") + quotedName(column.name);
             marks += marks.empty() ? "?" : ", ?";
         }
-        table.insertion = prepare(connection, "INSERT INTO " + quotedName(table.name) + " (" + names +
+        table.insertion = prepare(connection, "INSERT INTO main." + quotedName(table.name) + " (" + names +
                                                   ") VALUES (" + marks + ")");
     }
     return table.insertion.get();
@@ -76,8 +84,8 @@ sqlite3_stmt* updateOf(TableInfo& table, const std::vector<std::optional<Value>>
                 assignments +=
                     (assignments.empty() ? "" : ", ") + quotedName(table.columns[column].name) + " = ?";
         }
-        statement = prepare(connection,
-                            "UPDATE " + quotedName(table.name) + " SET " + assignments + " WHERE rowid = ?");
+        statement = prepare(connection, "UPDATE main." + quotedName(table.name) + " SET " + assignments +
+                                            " WHERE rowid = ?");
     }
     return statement.get();
 }
@@ -85,7 +93,8 @@ sqlite3_stmt* updateOf(TableInfo& table, const std::vector<std::optional<Value>>
 sqlite3_stmt* deletionOf(TableInfo& table, sqlite3* connection)
 {
     if (!table.deletion)
-        table.deletion = prepare(connection, "DELETE FROM " + quotedName(table.name) + " WHERE rowid = ?");
+        table.deletion =
+            prepare(connection, "DELETE FROM main." + quotedName(table.name) + " WHERE rowid = ?");
     return table.deletion.get();
 }
 
@@ -94,7 +103,7 @@ std::vector<DataType> typesOf(const CompiledQuery& query)
     std::vector<DataType> types;
     types.reserve(query.columns.size());
     for (const auto& column : query.columns)
-        types.push_back(column.type);
+        types.push_back(column.type.type);
     return types;
 }
 
@@ -245,6 +254,13 @@ void Recordset::State::readAllAndStay()
     atEnd = stayAtEnd || row >= rows->rows();
 }
 
+void Recordset::State::leaveConnection()
+{
+    if (started)
+        readAllAndStay();
+    statement.reset();
+}
+
 void Recordset::State::requireRow()
 {
     ensureStarted();
@@ -259,7 +275,7 @@ Value Recordset::State::current(std::size_t column) const
     if (rows)
         return rows->value(row, column);
     const int place = static_cast<int>(column) + (query->text.hasIdentity() ? 1 : 0);
-    return columnValue(statement.get(), place, query->columns[column].type);
+    return columnValue(statement.get(), place, query->columns[column].type.type);
 }
 
 std::int64_t Recordset::State::rowIdentity() const
@@ -295,8 +311,8 @@ void Recordset::State::writeAddition()
     database->beginWrite();
     auto* const insertion = insertionOf(*table, database->handle());
     for (std::size_t column = 0; column < buffer.size(); ++column) {
-        if (buffer[column])
-            bind(*database, insertion, static_cast<int>(column) + 1, *buffer[column]);
+        bindColumn(*database, insertion, static_cast<int>(column) + 1, table->columns[column],
+                   buffer[column]);
     }
     database->runWrite(insertion);
 }
@@ -309,9 +325,9 @@ void Recordset::State::writeChange()
     database->beginWrite();
     auto* const update = updateOf(*table, buffer, database->handle());
     int place = 0;
-    for (const auto& value : buffer) {
-        if (value)
-            bind(*database, update, ++place, *value);
+    for (std::size_t column = 0; column < buffer.size(); ++column) {
+        if (buffer[column])
+            bindColumn(*database, update, ++place, table->columns[column], buffer[column]);
     }
     sqlite3_bind_int64(update, ++place, rowIdentity());
     database->runWrite(update);
@@ -476,10 +492,11 @@ void Recordset::Update(UpdateType, bool)
 
 void Recordset::Delete()
 {
-    auto* const statement = deletionOf(writableTable(*m_state), m_state->database->handle());
+    auto& table = writableTable(*m_state);
     m_state->requireRow();
     auto& database = *m_state->database;
     database.beginWrite();
+    auto* const statement = deletionOf(table, database.handle());
     sqlite3_bind_int64(statement, 1, m_state->rowIdentity());
     database.runWrite(statement);
     if (sqlite3_changes(database.handle()) == 0)

@@ -24,7 +24,7 @@ const std::string& RowSnapshot::fieldName(std::size_t column) const
 
 DataType RowSnapshot::fieldType(std::size_t column) const
 {
-    return m_state->columns.at(column).type;
+    return m_state->columns.at(column).type.type;
 }
 
 Value RowSnapshot::value(std::size_t row, std::size_t column) const

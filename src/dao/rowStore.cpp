@@ -1,5 +1,7 @@
 #include "dao/rowStore.h"
 
+#include "dao/valueForms.h"
+
 #include <sqlite3.h>
 
 #include <cstring>
@@ -39,10 +41,12 @@ Value wholeValue(std::int64_t number, DataType type)
 {
     using Integer = std::numeric_limits<std::int16_t>;
     using Long = std::numeric_limits<std::int32_t>;
-    if (type == DataType::dbInteger && number >= Integer::min() && number <= Integer::max())
+    const bool isShort = type == DataType::dbInteger || type == DataType::dbByte;
+    const bool isFraction = type == DataType::dbDouble || type == DataType::dbSingle;
+    if (isShort && number >= Integer::min() && number <= Integer::max())
         return static_cast<std::int16_t>(number);
     // A file from elsewhere may hold a number too large for its column's type: it is shown, not cut.
-    if (number < Long::min() || number > Long::max() || type == DataType::dbDouble)
+    if (number < Long::min() || number > Long::max() || isFraction)
         return static_cast<double>(number);
     return static_cast<std::int32_t>(number);
 }
@@ -54,6 +58,13 @@ std::string_view columnText(sqlite3_stmt* statement, int column)
         static_cast<const char*>(static_cast<const void*>(sqlite3_column_text(statement, column)));
     const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
     return text != nullptr ? std::string_view(text, length) : std::string_view();
+}
+
+std::string_view columnBytes(sqlite3_stmt* statement, int column)
+{
+    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
+    const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
+    return bytes != nullptr ? std::string_view(bytes, length) : std::string_view();
 }
 
 template <class T>
@@ -75,6 +86,10 @@ Value columnValue(sqlite3_stmt* statement, int column, DataType type)
         return wholeValue(sqlite3_column_int64(statement, column), type);
     case SQLITE_FLOAT:
         return sqlite3_column_double(statement, column);
+    case SQLITE_BLOB:
+        if (type == DataType::dbBinary)
+            return hexText(columnBytes(statement, column));
+        [[fallthrough]];
     default:
         return std::string(columnText(statement, column));
     }
@@ -89,9 +104,8 @@ void RowStore::appendRaw(char tag, T value)
     std::memcpy(&m_bytes[place + 1], &value, sizeof value);
 }
 
-void RowStore::appendText(sqlite3_stmt* statement, int column)
+void RowStore::appendText(std::string_view text)
 {
-    const auto text = columnText(statement, column);
     appendRaw(tagText, static_cast<std::uint32_t>(text.size()));
     m_bytes.insert(m_bytes.end(), text.begin(), text.end());
 }
@@ -118,8 +132,14 @@ void RowStore::append(sqlite3_stmt* statement)
         case SQLITE_FLOAT:
             appendRaw(tagNumber, sqlite3_column_double(statement, column));
             break;
+        case SQLITE_BLOB:
+            if (m_types[static_cast<std::size_t>(column - first)] == DataType::dbBinary) {
+                appendText(hexText(columnBytes(statement, column)));
+                break;
+            }
+            [[fallthrough]];
         default:
-            appendText(statement, column);
+            appendText(columnText(statement, column));
         }
     }
 }

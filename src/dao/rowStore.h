@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 struct sqlite3_stmt;
@@ -30,7 +31,7 @@ public:
 private:
     template <class T>
     void appendRaw(char tag, T value);
-    void appendText(sqlite3_stmt* statement, int column);
+    void appendText(std::string_view text);
 
     std::vector<DataType> m_types;
     bool m_withIdentity;

@@ -3,9 +3,11 @@
 #include "dao/engineError.h"
 #include "platform/ansiText.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <optional>
+#include <utility>
 
 namespace dao {
 
@@ -138,13 +140,96 @@ std::string bracketedName(std::string_view name, const std::vector<DeclaredParam
         if (equalNoCase(parameters[index].name, name))
             return "?" + std::to_string(index + 1);
     }
-    std::string quoted = "\"";
-    for (const char sign : name) {
-        quoted += sign;
-        if (sign == '"')
-            quoted += sign;
+    return quotedName(name);
+}
+
+// Tells the names of tables in FROM clauses, those of subqueries included, from all other words.
+class TableNames
+{
+public:
+    // Takes the tokens in their order.
+    bool isTable(const Token& token)
+    {
+        if (token.kind == Token::Kind::Sign) {
+            passSign(token.text);
+            return false;
+        }
+        if (token.kind == Token::Kind::Word && passKeyword(token))
+            return false;
+        return std::exchange(m_expected, false) && token.kind != Token::Kind::Quoted;
     }
-    return quoted + '"';
+
+private:
+    enum class Clause : std::uint8_t
+    {
+        Other,
+        From,
+        Condition // of a join
+    };
+
+    void passSign(std::string_view sign)
+    {
+        auto& clause = m_clauses.back();
+        if (sign == "(") {
+            m_clauses.push_back(m_expected ? Clause::From : Clause::Other);
+            return;
+        }
+        m_expected = sign == "," && clause != Clause::Other;
+        if (m_expected)
+            clause = Clause::From;
+        if (sign == ")" && m_clauses.size() > 1)
+            m_clauses.pop_back();
+    }
+
+    bool passKeyword(const Token& token)
+    {
+        struct Keyword
+        {
+            std::string_view word;
+            Clause clause;
+            bool tableFollows;
+        };
+        constexpr std::array keywords = {
+            Keyword{"FROM", Clause::From, true},     Keyword{"JOIN", Clause::From, true},
+            Keyword{"ON", Clause::Condition, false}, Keyword{"SELECT", Clause::Other, false},
+            Keyword{"WHERE", Clause::Other, false},  Keyword{"GROUP", Clause::Other, false},
+            Keyword{"HAVING", Clause::Other, false}, Keyword{"ORDER", Clause::Other, false},
+            Keyword{"UNION", Clause::Other, false},
+        };
+        const auto* const found = std::find_if(keywords.begin(), keywords.end(),
+                                               [&](const auto& row) { return isWord(token, row.word); });
+        if (found == keywords.end())
+            return false;
+        m_clauses.back() = found->clause;
+        m_expected = found->tableFollows;
+        return true;
+    }
+
+    std::vector<Clause> m_clauses{Clause::Other}; // of the parentheses that are open, the innermost last
+    bool m_expected = false;                      // a table's name may come next
+};
+
+// Whether the tokens behind a table's name give it another one.
+bool hasOtherName(const std::vector<Token>& tokens, std::size_t next)
+{
+    if (next >= tokens.size() || tokens[next].kind == Token::Kind::Sign)
+        return false;
+    constexpr std::array followers = {"INNER", "LEFT",   "RIGHT", "JOIN",  "ON",    "WHERE",
+                                      "GROUP", "HAVING", "ORDER", "UNION", "CROSS", "OUTER"};
+    return std::none_of(followers.begin(), followers.end(),
+                        [&](std::string_view word) { return isWord(tokens[next], word); });
+}
+
+// Where no link is, a table's name stands for itself. Otherwise it is told which file is meant, as a name
+// that this file lacks could be found in another one.
+std::string tableText(const std::vector<Token>& tokens, std::size_t place, const LinkedTables& links)
+{
+    const auto& name = tokens[place].text;
+    const auto* const link = findLink(links, name);
+    if (link == nullptr)
+        return "main." + quotedName(name);
+    const auto text = quotedName(link->schema) + '.' + quotedName(link->table);
+    return hasOtherName(tokens, place + 1) ? text : text + " AS " + quotedName(link->name);
 }
 
 // What of a SELECT decides about the identity and the order of its rows.
@@ -179,7 +264,18 @@ Outline outlineOf(const std::vector<Token>& tokens, std::size_t first)
 
 } // namespace
 
-TranslatedQuery translateQuery(std::string_view jetSql)
+std::string quotedName(std::string_view name)
+{
+    std::string quoted = "\"";
+    for (const char sign : name) {
+        quoted += sign;
+        if (sign == '"')
+            quoted += sign;
+    }
+    return quoted + '"';
+}
+
+TranslatedQuery translateQuery(std::string_view jetSql, const LinkedTables& links)
 {
     while (!jetSql.empty() && (jetSql.back() == ' ' || jetSql.back() == ';'))
         jetSql.remove_suffix(1);
@@ -191,23 +287,27 @@ TranslatedQuery translateQuery(std::string_view jetSql)
     const auto outline = outlineOf(tokens, first);
     if (!outline.select || !outline.from)
         raiseEngineError(errSyntax, jetSql);
-    const bool writable = !outline.distinct && outline.fromEnd == *outline.from + 2;
+    const bool oneTable = !outline.distinct && outline.fromEnd == *outline.from + 2;
+    const bool writable = oneTable && findLink(links, tokens[*outline.from + 1].text) == nullptr;
     if (writable)
         query.table = tokens[*outline.from + 1].text;
 
     query.sql = writable ? "SELECT rowid," : "SELECT";
     std::size_t copied = tokens[first].end;
+    TableNames names;
     for (std::size_t index = first + 1; index < tokens.size(); ++index) {
         const auto& token = tokens[index];
-        if (token.kind != Token::Kind::Bracketed)
+        const bool isTable = names.isTable(token) && !links.empty() &&
+                             (index + 1 == tokens.size() || !isSign(tokens[index + 1], "."));
+        if (!isTable && token.kind != Token::Kind::Bracketed)
             continue;
         query.sql += jetSql.substr(copied, token.start - copied);
-        query.sql += bracketedName(token.text, query.parameters);
+        query.sql += isTable ? tableText(tokens, index, links) : bracketedName(token.text, query.parameters);
         copied = token.end;
     }
     query.sql += jetSql.substr(copied);
     if (!outline.ordered)
-        query.sql += writable ? " ORDER BY rowid" : " ORDER BY 1";
+        query.sql += oneTable ? " ORDER BY rowid" : " ORDER BY 1";
     return query;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dao/links.h"
 #include "dao/value.h"
 
 #include <string>
@@ -29,7 +30,11 @@ struct TranslatedQuery
 
 // "PARAMETERS [Name] Type, ...;" declares parameters of the types Long, Integer, Double, String; behind it
 // "[Name]" is one of them, or a name of the database in brackets. Without ORDER BY, rows come in the order of
-// insertion: of the one table, or into the table that a join's first column names by its key. Throws 3075.
-[[nodiscard]] TranslatedQuery translateQuery(std::string_view jetSql);
+// insertion: of the one table, or into the table that a join's first column names by its key. A table's name
+// in a FROM clause may be a link's; such a table can't be written through. Throws 3075.
+[[nodiscard]] TranslatedQuery translateQuery(std::string_view jetSql, const LinkedTables& links = {});
+
+// A name as the dialect beneath takes it, whatever it holds.
+[[nodiscard]] std::string quotedName(std::string_view name);
 
 } // namespace dao

@@ -77,3 +77,47 @@ TEST(SqlTranslator, TextThatIsNoQueryIsASyntaxError)
         }
     }
 }
+
+namespace {
+
+std::string linked(std::string_view sql)
+{
+    return translateQuery(sql, {{"far", "zeph_link1", "Real\"Far"}, {"b c", "zeph_link2", "bc"}}).sql;
+}
+
+} // namespace
+
+TEST(SqlTranslator, ALinkInAFromClauseBecomesTheTableOfItsFile)
+{
+    EXPECT_EQ(linked("SELECT x FROM FAR WHERE FAR.y = 1"),
+              R"(SELECT x FROM "zeph_link1"."Real""Far" AS "far" WHERE FAR.y = 1 ORDER BY rowid)");
+    EXPECT_EQ(linked("SELECT x FROM [b c]"), R"(SELECT x FROM "zeph_link2"."bc" AS "b c" ORDER BY rowid)");
+    EXPECT_EQ(linked("SELECT x FROM far AS f"), R"(SELECT x FROM "zeph_link1"."Real""Far" AS f ORDER BY 1)");
+    EXPECT_EQ(linked("SELECT x FROM far f, [b c] [g]"),
+              R"(SELECT x FROM "zeph_link1"."Real""Far" f, "zeph_link2"."bc" "g" ORDER BY 1)");
+}
+
+TEST(SqlTranslator, BesideLinksATableIsThatOfTheFileItself)
+{
+    EXPECT_EQ(linked("SELECT x FROM near"), R"(SELECT rowid, x FROM main."near" ORDER BY rowid)");
+    EXPECT_EQ(
+        linked("SELECT a.x FROM a INNER JOIN (near INNER JOIN far ON near.x = far.x) ON a.x = near.x, c"),
+        R"(SELECT a.x FROM main."a" INNER JOIN (main."near" INNER JOIN "zeph_link1"."Real""Far" AS "far" )"
+        R"(ON near.x = far.x) ON a.x = near.x, main."c" ORDER BY 1)");
+}
+
+TEST(SqlTranslator, TheNameOfALinkElsewhereIsNoTable)
+{
+    EXPECT_EQ(
+        linked("SELECT a.far, far FROM a INNER JOIN c ON (far = max(c.x, far)) WHERE f(a, far) = 'FROM far'"),
+        R"(SELECT a.far, far FROM main."a" INNER JOIN main."c" ON (far = max(c.x, far)) )"
+        R"(WHERE f(a, far) = 'FROM far' ORDER BY 1)");
+    EXPECT_EQ(linked("SELECT x FROM other.far"), "SELECT x FROM other.far ORDER BY 1");
+}
+
+TEST(SqlTranslator, ALinkInASubqueryIsFollowed)
+{
+    EXPECT_EQ(linked("SELECT x FROM a WHERE x IN (SELECT y FROM far) AND f(x, far)"),
+              R"(SELECT rowid, x FROM main."a" WHERE x IN (SELECT y FROM "zeph_link1"."Real""Far" AS "far") )"
+              R"(AND f(x, far) ORDER BY rowid)");
+}

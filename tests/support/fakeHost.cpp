@@ -39,3 +39,40 @@ std::optional<std::string> FakeHost::openFile(const platform::FileChoice& choice
     chosenFiles.pop_front();
     return chosen;
 }
+
+void FakeHost::addErrorLine(const std::string& line)
+{
+    errorLines.push_back(line);
+    checkSteps.push_back("line " + line);
+}
+
+void FakeHost::openCheck(const platform::CheckStart& start)
+{
+    errorLines.clear();
+    checkStart = start;
+    checkText = start.countText;
+    checkSteps.emplace_back("open");
+}
+
+void FakeHost::appendCheckText(const std::string& text)
+{
+    checkText += text;
+    checkSteps.push_back("text " + text);
+}
+
+void FakeHost::selectErrorLine(int line)
+{
+    checkSteps.push_back("select " + std::to_string(line));
+}
+
+void FakeHost::endCheck()
+{
+    checkSteps.emplace_back("end");
+}
+
+void FakeHost::showWaiting()
+{
+    if (!waitingLoads)
+        platform::raise(platform::errObjectRequired);
+    checkSteps.emplace_back("show waiting");
+}

@@ -23,7 +23,14 @@ public:
     std::optional<std::string> openFile(const platform::FileChoice& choice) override;
     void print(const platform::Picture& picture) override { printed.push_back(picture); }
     void clearErrorLines() override { errorLines.clear(); }
-    void addErrorLine(const std::string& line) override { errorLines.push_back(line); }
+    void addErrorLine(const std::string& line) override;
+    void openCheck(const platform::CheckStart& start) override;
+    void appendCheckText(const std::string& text) override;
+    void selectErrorLine(int line) override;
+    void endCheck() override;
+    void showWaiting() override;
+    void paintWaiting() override { checkSteps.emplace_back("paint waiting"); }
+    void closeWaiting() override { checkSteps.emplace_back("close waiting"); }
 
     // What a box showed, for those to whom the text alone is not enough.
     struct Box
@@ -42,5 +49,11 @@ public:
     std::vector<int> pointers;
     std::vector<std::string> errorLines;
     std::vector<platform::Picture> printed;
+    std::optional<platform::CheckStart> checkStart; // of the check that was opened last
+    std::string checkText;                          // the text of its count
+    // What a check and the window that waits showed, in turn: "open", "text ...", "line ...", "select N",
+    // "end", "show waiting", "paint waiting", "close waiting".
+    std::vector<std::string> checkSteps;
+    bool waitingLoads = false; // otherwise loading it is failure 424, as in the program
     int beeps = 0;
 };

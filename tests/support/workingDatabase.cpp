@@ -51,13 +51,18 @@ void WorkingDatabase::execute(const std::string& sql) const
     static_cast<void>(rows(sql));
 }
 
-std::vector<std::string> WorkingDatabase::rows(const std::string& sql) const
+std::vector<std::string> rowsOf(const std::string& path, const std::string& sql)
 {
     std::vector<std::string> found;
-    const auto connection = openBare(m_path);
+    const auto connection = openBare(path);
     if (sqlite3_exec(connection.get(), sql.c_str(), appendRow, &found, nullptr) != SQLITE_OK)
         throw std::runtime_error(sql + ": " + sqlite3_errmsg(connection.get()));
     return found;
+}
+
+std::vector<std::string> WorkingDatabase::rows(const std::string& sql) const
+{
+    return rowsOf(m_path, sql);
 }
 
 std::string WorkingDatabase::scalar(const std::string& sql) const

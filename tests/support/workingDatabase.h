@@ -31,5 +31,9 @@ private:
     std::string m_path;
 };
 
+// The rows that a statement gives in any database file, through bare SQLite and in the form of
+// WorkingDatabase::rows.
+std::vector<std::string> rowsOf(const std::string& path, const std::string& sql);
+
 // The names of all tables of a working database but for the counters.
 [[nodiscard]] const std::vector<std::string>& noticeTables();

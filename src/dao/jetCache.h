@@ -1,0 +1,34 @@
+#pragma once
+
+#include "dao/connection.h"
+#include "jet/jetFile.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+// The content of old files as files of the engine, kept in the user's cache directory from one use to the
+// next.
+namespace dao {
+
+// The path of the file with the content of an old file as it stands now; it is made when there is none. It is
+// there to be read, by many at once, and may go with the next call for another file. Throws the engine's
+// failures: 3024 without the old file, 3026 when the disk is full, 3045 when the old file keeps changing,
+// 3049 when it is damaged, 3051 when the cache can't be written.
+[[nodiscard]] std::string cacheOf(const std::string& path);
+
+// Opens it. Throws the same.
+[[nodiscard]] Connection openCacheOf(const std::string& path);
+
+// What the old file was when the cache that is open was made of it.
+[[nodiscard]] jet::Stamp stampOfCache(sqlite3* cache);
+
+// How many bytes the files may take together; the oldest go first, never the one just asked for.
+inline constexpr std::uintmax_t usualCacheLimit = std::uintmax_t{8} << 30U;
+void setCacheLimit(std::uintmax_t bytes);
+
+// What is to be done each time an old file has been read and before it is looked whether it has changed
+// meanwhile; nothing when empty.
+void setConversionWatcher(std::function<void()> watcher);
+
+} // namespace dao
