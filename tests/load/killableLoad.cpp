@@ -8,33 +8,12 @@
 #include "model/InitializeNtc.h"
 #include "model/session.h"
 #include "platform/fileNumbers.h"
-#include "platform/host.h"
+#include "printingHost.h"
 
 #include <cstdio>
 #include <string>
 
 namespace {
-
-class PrintingHost : public platform::Host
-{
-public:
-    platform::Answer msgBox(const std::string& text, platform::Buttons, platform::Icon,
-                            const std::string&) override
-    {
-        std::fprintf(stderr, "%s\n", text.c_str());
-        return platform::Answer::Ok;
-    }
-    void beep() override {}
-    void setPointer(int) override {}
-    std::optional<std::string> openFile(const platform::FileChoice&) override { return std::nullopt; }
-    void print(const platform::Picture&) override {}
-    void clearErrorLines() override {}
-    void addErrorLine(const std::string& line) override
-    {
-        std::puts(line.c_str());
-        std::fflush(stdout);
-    }
-};
 
 // The rows of a notice one by one, each committed by itself.
 void storeWithoutTransaction(const Ntc& ntc)
