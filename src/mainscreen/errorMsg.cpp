@@ -26,6 +26,17 @@ namespace {
 
 constexpr int reportFile = 3;
 
+// One that is hidden during a check keeps its place: the list doesn't jump when it comes back.
+QPushButton* makeButton(const char* name, const char* caption)
+{
+    auto* button = named(name, new QPushButton(caption));
+    button->setAutoDefault(false);
+    auto policy = button->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    button->setSizePolicy(policy);
+    return button;
+}
+
 } // namespace
 
 // Gives every line the width of the widest one: a list that asks for one size only comes up at once whatever
@@ -86,18 +97,16 @@ void ErrorMsg::addList()
 // over the report of an earlier load.
 void ErrorMsg::addButtons()
 {
+    m_save = makeButton("ButtonSave", "Save");
+    m_close = makeButton("ButtonClose", "Close");
+    connect(m_save, &QPushButton::clicked, this, widgets::guarded([this](bool) {
+                saveReport();
+                accept();
+            }));
+    connect(m_close, &QPushButton::clicked, this, widgets::guarded([this](bool) { reject(); }));
     auto* buttons = new QDialogButtonBox;
-    const auto add = [&](const char* name, const char* caption, auto handler) {
-        auto* button = named(name, new QPushButton(caption));
+    for (auto* button : {m_save, m_close})
         buttons->addButton(button, QDialogButtonBox::ActionRole);
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, widgets::guarded([handler](bool) { handler(); }));
-    };
-    add("ButtonSave", "Save", [this] {
-        saveReport();
-        accept();
-    });
-    add("ButtonClose", "Close", [this] { reject(); });
     layout()->addWidget(buttons);
 }
 
@@ -128,6 +137,31 @@ std::string ErrorMsg::line(int number) const
 void ErrorMsg::setCountLine(const std::string& text)
 {
     m_count->setText(QString::fromStdString(text));
+}
+
+void ErrorMsg::appendCountText(const std::string& text)
+{
+    m_count->setText(m_count->text() + QString::fromStdString(text));
+}
+
+void ErrorMsg::beginCheck(const platform::CheckStart& start)
+{
+    setWindowTitle(QString::fromStdString(start.title));
+    setCountLine(start.countText);
+    m_close->hide();
+    m_save->setVisible(!start.hidesSave);
+}
+
+void ErrorMsg::selectLine(int number)
+{
+    m_lines->setCurrentRow(number, QItemSelectionModel::ClearAndSelect);
+}
+
+void ErrorMsg::endCheck()
+{
+    m_close->show();
+    m_save->show();
+    m_lines->scrollToBottom();
 }
 
 void ErrorMsg::keyPressEvent(QKeyEvent* event)

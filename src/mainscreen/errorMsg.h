@@ -1,11 +1,14 @@
 #pragma once
 
+#include "platform/host.h"
+
 #include <QDialog>
 
 #include <string>
 
 class QLineEdit;
 class QListWidget;
+class QPushButton;
 
 namespace mainscreen {
 
@@ -24,6 +27,14 @@ public:
     [[nodiscard]] std::string line(int number) const; // from 0; empty past the last one
     // The count line of the site-name check.
     void setCountLine(const std::string& text);
+    void appendCountText(const std::string& text);
+
+    // As a check begins: its title and count, no button to close by, and none to save by if it says so.
+    void beginCheck(const platform::CheckStart& start);
+    // Selects the line and brings it in sight.
+    void selectLine(int number);
+    // The buttons are back, and the last line is in sight.
+    void endCheck();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -37,6 +48,8 @@ private:
     QListWidget* m_lines;
     LineDelegate* m_delegate;
     QLineEdit* m_count;
+    QPushButton* m_save = nullptr;
+    QPushButton* m_close = nullptr;
 };
 
 } // namespace mainscreen

@@ -4,13 +4,15 @@
 
 namespace mainscreen {
 
-// Stands on the screen while indexes are made. Its animation is set up when it loads, through an object that
-// the window has not: loading it is failure 424.
+// Stands on the screen while indexes are made. Its animation is set up when it loads: without one, as in the
+// program, loading it is failure 424.
 class FrmWaiting : public QDialog
 {
     Q_OBJECT
 public:
-    explicit FrmWaiting(QWidget* parent = nullptr);
+    // The animation is not owned and takes its settings as the properties "fileName" and "Visible"; null for
+    // none.
+    explicit FrmWaiting(QObject* animation, QWidget* parent = nullptr);
 };
 
 } // namespace mainscreen

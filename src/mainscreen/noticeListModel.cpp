@@ -1,5 +1,7 @@
 #include "mainscreen/noticeListModel.h"
 
+#include "dao/columnTypes.h"
+
 namespace mainscreen {
 
 namespace {
@@ -11,7 +13,7 @@ QString shownText(dao::Value&& value)
 
 int alignmentOf(dao::DataType type)
 {
-    const auto side = type == dao::DataType::dbText ? Qt::AlignLeft : Qt::AlignRight;
+    const auto side = dao::holdsNumbers(type) ? Qt::AlignRight : Qt::AlignLeft;
     return static_cast<int>(side | Qt::AlignVCenter);
 }
 

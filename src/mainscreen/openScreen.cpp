@@ -1,5 +1,6 @@
 #include "mainscreen/openScreen.h"
 
+#include "load/checkTarget.h"
 #include "mainscreen/noticeListModel.h"
 #include "mainscreen/noticeListView.h"
 #include "mainscreen/qtHost.h"
@@ -103,6 +104,12 @@ void OpenScreen::connectMenu()
     run("mnuOpenMDB", [this] { openWorkingDatabase(); });
     run("mnuOpenTxt", [this] { loadElectronicFile(); });
     run("mnuClose", [this] { closeWorkingDatabase(); });
+    run("mnuLink", [this] { linkReferences(); });
+    run("mnuTrgIndexInfo", [this] { showIndexInfo(); });
+    run("mnuTrgIndexCreate", [this] { m_references.createRefIndexes(); });
+    run("mnuTrgIndexDelete", [this] { deleteIndexes(); });
+    run("mnuOneSuppress", [this] { checkSiteNames([this] { checkOneSiteName(); }); });
+    run("mnuAllSuppress", [this] { checkSiteNames(checkTarget::checkAllNtc); });
     run("mnuSortIndex", [this] { sortBy("mnuSortIndex"); });
     run("mnuSortAdmFreq", [this] { sortBy("mnuSortAdmFreq"); });
     run("mnuFilter", [this] { filterNotices(); });

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "load/refDatabases.h"
 #include "mainscreen/dataSource.h"
 #include "mainscreen/mainMenu.h"
 #include "mainscreen/selectDlg.h"
 
 #include <QMainWindow>
 
+#include <functional>
 #include <string>
 
 class QLabel;
@@ -28,7 +30,7 @@ public:
 
     [[nodiscard]] const std::string& dbName() const { return m_dbName; }
     [[nodiscard]] bool keysValid() const { return m_keysValid; }
-    [[nodiscard]] const std::string& indexInfo() const { return m_indexInfo; }
+    [[nodiscard]] const std::string& indexInfo() const { return m_references.indexInfo(); }
     [[nodiscard]] const std::string& whereClause() const { return m_filter.whereClause; }
     // The query of the list under the present sort order and filter.
     [[nodiscard]] std::string buildNoticeQuery() const;
@@ -43,6 +45,8 @@ private:
         Quick
     };
 
+    static constexpr const char* databaseFilter = "Microsoft Access Database (*.mdb)|*.mdb|";
+
     void build();
     void buildContent();
     void connectMenu();
@@ -53,11 +57,17 @@ private:
     void closeWorkingDatabase();
     void sortBy(const char* chosen);
     void filterNotices();
+    void linkReferences();
+    void showIndexInfo();
+    void deleteIndexes();
+    void checkSiteNames(const std::function<void()>& check);
     void showAbout();
     void exitProgram();
 
     // Their steps.
-    [[nodiscard]] std::string chooseFile(const char* filter) const;
+    [[nodiscard]] std::string chooseFile(const char* filter, const char* offeredName = "") const;
+    static void endFailedChoice(const platform::RuntimeError& failure);
+    void checkOneSiteName();
     void bindTo(const std::string& path);
     bool pickElectronicFile();
     bool masterIsReadable();
@@ -85,7 +95,7 @@ private:
     NoticeFilter m_filter;
     std::string m_dbName;
     bool m_keysValid = false;
-    std::string m_indexInfo;
+    refDatabases::RefDatabases m_references;
     bool m_unloaded = false;
 
     QLineEdit* m_txtFileName = nullptr;

@@ -19,7 +19,6 @@ namespace mainscreen {
 
 namespace {
 
-constexpr const char* databaseFilter = "Microsoft Access Database (*.mdb)|*.mdb|";
 constexpr const char* electronicFilter = "Text Files (*.txt)|*.txt|Updated Files (*.upd)|*.upd";
 constexpr const char* workingDatabaseLabel = "WORKING DATABASE : ";
 
@@ -37,12 +36,20 @@ void loadIntoFreshDatabase()
 } // namespace
 
 // Cancelling is a failure of its own number, as any other way of not getting a file.
-std::string OpenScreen::chooseFile(const char* filter) const
+std::string OpenScreen::chooseFile(const char* filter, const char* offeredName) const
 {
-    const auto chosen = m_host.openFile({filter, ""});
+    const auto chosen = m_host.openFile({filter, offeredName});
     if (!chosen)
         platform::raise(platform::errDialogCancelled);
     return *chosen;
+}
+
+// Of a command that began with the choice of a file: cancelling it is said to nobody.
+void OpenScreen::endFailedChoice(const platform::RuntimeError& failure)
+{
+    platform::host().setPointer(platform::pointerDefault);
+    if (failure.number != 0 && failure.number != platform::errDialogCancelled)
+        platform::showFailure(failure);
 }
 
 void OpenScreen::bindTo(const std::string& path)
@@ -65,9 +72,7 @@ void OpenScreen::openWorkingDatabase()
         refreshNoticeList(FileCheck::Quick);
         m_menu.setEnabled("mnuDB", true);
     } catch (const platform::RuntimeError& failure) {
-        m_host.setPointer(platform::pointerDefault);
-        if (failure.number != 0 && failure.number != platform::errDialogCancelled)
-            platform::showFailure(failure);
+        endFailedChoice(failure);
     }
 }
 

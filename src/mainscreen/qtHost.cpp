@@ -1,9 +1,12 @@
 #include "mainscreen/qtHost.h"
 
 #include "mainscreen/errorMsg.h"
+#include "mainscreen/frmWaiting.h"
+#include "widgets/application.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDeadlineTimer>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
@@ -11,6 +14,10 @@
 #include <QPainter>
 #include <QPrinter>
 #include <QPushButton>
+#include <QThread>
+#include <QWindow>
+
+#include <utility>
 
 namespace mainscreen {
 
@@ -91,6 +98,9 @@ QWidget* windowInFront()
     return nullptr;
 }
 
+// Milliseconds. The eye follows no faster, and a check of many notices must not spend its time on painting.
+constexpr int shortestStep = 40;
+
 // "Text (*.txt)|*.txt|Other (*.o)|*.o" as the toolkit's name filters: each description names its pattern.
 QStringList nameFilters(const std::string& filter)
 {
@@ -136,6 +146,7 @@ QtHost::~QtHost()
 platform::Answer QtHost::msgBox(const std::string& text, platform::Buttons buttons, platform::Icon icon,
                                 const std::string& title)
 {
+    showReachedLine();
     QuestionBox box(windowInFront());
     box.setTextFormat(Qt::PlainText);
     box.setIcon(iconOf(icon));
@@ -198,14 +209,98 @@ void QtHost::unloadErrorMsg()
     delete m_errorMsg.data();
 }
 
+// A load begins with this: line i of its list is message i, so one of an earlier check that is still open
+// goes.
 void QtHost::clearErrorLines()
 {
-    errorMsg().clear();
+    unloadErrorMsg();
 }
 
 void QtHost::addErrorLine(const std::string& line)
 {
     errorMsg().addLine(line);
+}
+
+void QtHost::openCheck(const platform::CheckStart& start)
+{
+    unloadErrorMsg();
+    auto& window = errorMsg();
+    // Nobody waits for its end, so it unloads itself.
+    QObject::connect(&window, &QDialog::finished, &window, widgets::guarded([this](int) {
+        m_errorMsg->deleteLater();
+        m_errorMsg.clear();
+    }));
+    m_reachedLine = noLine;
+    m_sinceShown.invalidate();
+    window.beginCheck(start);
+    bringUp(window);
+}
+
+void QtHost::appendCheckText(const std::string& text)
+{
+    errorMsg().appendCountText(text);
+    workOffPainting();
+}
+
+void QtHost::selectErrorLine(int line)
+{
+    m_reachedLine = line;
+    if (!m_sinceShown.isValid() || m_sinceShown.elapsed() >= shortestStep) {
+        showReachedLine();
+        workOffPainting();
+        m_sinceShown.start();
+    }
+}
+
+void QtHost::showReachedLine()
+{
+    const int line = std::exchange(m_reachedLine, noLine);
+    if (line != noLine && isErrorMsgLoaded())
+        errorMsg().selectLine(line);
+}
+
+void QtHost::endCheck()
+{
+    showReachedLine();
+    errorMsg().endCheck();
+    workOffPainting();
+}
+
+void QtHost::showWaiting()
+{
+    closeWaiting();
+    m_waiting = new FrmWaiting(waitingAnimation(), windowInFront());
+    bringUp(*m_waiting);
+}
+
+void QtHost::paintWaiting()
+{
+    workOffPainting();
+}
+
+void QtHost::closeWaiting()
+{
+    delete m_waiting.data();
+}
+
+void QtHost::workOffPainting()
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+// A window that is new to the window system can be painted only once that has brought it up. One that it
+// never brings up, as over a main screen that stands minimised, stops nothing.
+void QtHost::bringUp(QWidget& window)
+{
+    constexpr int patience = 500; // milliseconds
+    window.show();
+    const QDeadlineTimer deadline(patience);
+    workOffPainting();
+    while (!window.windowHandle()->isExposed() && !deadline.hasExpired()) {
+        QThread::msleep(1);
+        workOffPainting();
+    }
+    workOffPainting();
 }
 
 } // namespace mainscreen

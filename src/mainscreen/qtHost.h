@@ -2,14 +2,18 @@
 
 #include "platform/host.h"
 
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QString>
 
+class QObject;
 class QPrinter;
+class QWidget;
 
 namespace mainscreen {
 
 class ErrorMsg;
+class FrmWaiting;
 
 // Puts the picture on one landscape page, scaled to it with its aspect kept. Throws RuntimeError 482.
 void printOn(QPrinter& printer, const platform::Picture& picture);
@@ -32,6 +36,13 @@ public:
     void print(const platform::Picture& picture) override;
     void clearErrorLines() override;
     void addErrorLine(const std::string& line) override;
+    void openCheck(const platform::CheckStart& start) override;
+    void appendCheckText(const std::string& text) override;
+    void selectErrorLine(int line) override;
+    void endCheck() override;
+    void showWaiting() override;
+    void paintWaiting() override;
+    void closeWaiting() override;
 
     // The window of the messages; made, but not shown, when first asked for since it was unloaded.
     [[nodiscard]] ErrorMsg& errorMsg();
@@ -40,10 +51,25 @@ public:
 
     [[nodiscard]] int pointer() const { return m_pointer; }
 
+protected:
+    // Works off what paints the windows, and nothing that the operator does: it has to wait until the work in
+    // hand is done.
+    virtual void workOffPainting();
+    // What the window that waits shows while it does. The program has none.
+    [[nodiscard]] virtual QObject* waitingAnimation() { return nullptr; }
+
 private:
+    void bringUp(QWidget& window);
+    void showReachedLine();
+
     int m_pointer = platform::pointerDefault;
-    QString m_folder;              // of the file picked last; empty before the first
-    QPointer<ErrorMsg> m_errorMsg; // goes with the window that it was loaded over, at the latest
+    QString m_folder;               // of the file picked last; empty before the first
+    QPointer<ErrorMsg> m_errorMsg;  // goes with the window that it was loaded over, at the latest
+    QPointer<FrmWaiting> m_waiting; // likewise
+    int m_reachedLine = noLine;     // of the check, not yet shown
+    QElapsedTimer m_sinceShown;     // the line reached; invalid before the first of a check
+
+    static constexpr int noLine = -1;
 };
 
 } // namespace mainscreen

@@ -79,6 +79,43 @@ TEST_F(Messages, showTheCountOfTheCheck)
     EXPECT_EQ(control<QLineEdit>(dialog, "TxtNbNtcs").text(), "3 notice(s) to be checked. ");
 }
 
+TEST_F(Messages, takeTheTitleAndTheCountOfACheckAndHideItsButtons)
+{
+    dialog.beginCheck({"A check in a file", "2 notice(s) to be checked. ", true});
+    dialog.appendCountText("Please wait....");
+    open(dialog);
+    EXPECT_EQ(dialog.windowTitle(), "A check in a file");
+    EXPECT_EQ(control<QLineEdit>(dialog, "TxtNbNtcs").text(), "2 notice(s) to be checked. Please wait....");
+    const int place = control<QLineEdit>(dialog, "TxtNbNtcs").y();
+    EXPECT_FALSE(control<QPushButton>(dialog, "ButtonSave").isVisible());
+    EXPECT_FALSE(control<QPushButton>(dialog, "ButtonClose").isVisible());
+    dialog.endCheck();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(control<QPushButton>(dialog, "ButtonSave").isVisible());
+    EXPECT_TRUE(control<QPushButton>(dialog, "ButtonClose").isVisible());
+    EXPECT_EQ(control<QLineEdit>(dialog, "TxtNbNtcs").y(), place) << "nothing jumps";
+}
+
+TEST_F(Messages, hideNoButtonToSaveByWhereTheCheckSaysSo)
+{
+    dialog.beginCheck({"", "", false});
+    open(dialog);
+    EXPECT_TRUE(control<QPushButton>(dialog, "ButtonSave").isVisible());
+    EXPECT_FALSE(control<QPushButton>(dialog, "ButtonClose").isVisible());
+}
+
+TEST_F(Messages, keepTheSelectedLineInSight)
+{
+    open(dialog);
+    for (int number = 0; number < 200; ++number) {
+        dialog.addLine("Notice No: " + std::to_string(number) + " target found");
+        dialog.selectLine(number);
+        const auto place = list().visualItemRect(list().item(number));
+        EXPECT_TRUE(list().viewport()->rect().contains(place)) << number;
+        EXPECT_EQ(list().selectedItems(), QList{list().item(number)}) << number;
+    }
+}
+
 TEST_F(Messages, areSavedAsAReportBesideTheWorkingDatabase)
 {
     dialog.addLine("Notice No: 2 is a potential target to the notice no : 1");

@@ -88,6 +88,28 @@ play::Player::Patience patience()
     return {4, 20};
 }
 
+// A cache of its own instead of the user's; it comes into being when it is used.
+class CacheOfPlay
+{
+public:
+    CacheOfPlay()
+        : m_folder(std::filesystem::temp_directory_path() /
+                   ("zeph-play-" + std::to_string(QCoreApplication::applicationPid())))
+    {
+        platform::setUserCacheDirectory(m_folder);
+    }
+    ~CacheOfPlay()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_folder, ignored);
+    }
+    CacheOfPlay(const CacheOfPlay&) = delete;
+    CacheOfPlay& operator=(const CacheOfPlay&) = delete;
+
+private:
+    std::filesystem::path m_folder;
+};
+
 int run(const play::Options& options, int count, char** arguments)
 {
     auto commands = play::parseScript(scriptText(options.script));
@@ -95,6 +117,7 @@ int run(const play::Options& options, int count, char** arguments)
     QTemporaryFile offscreenSettings;
     choosePlatform(options, offscreenSettings);
     setHostUp(options);
+    const CacheOfPlay cache;
     const widgets::Application application(count, arguments);
     if (!offscreenSettings.fileName().isEmpty())
         offscreenSettings.remove(); // it has been read, and the process may end without another word

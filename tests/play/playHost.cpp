@@ -37,4 +37,11 @@ void PlayHost::print(const platform::Picture& picture)
     m_stage.transcript.line(wide ? "print: landscape" : "print: portrait");
 }
 
+void PlayHost::workOffPainting()
+{
+    m_stage.isInTheMiddle = true;
+    QtHost::workOffPainting();
+    m_stage.isInTheMiddle = false;
+}
+
 } // namespace play

@@ -15,6 +15,9 @@ public:
     void setPointer(int newPointer) override;
     void print(const platform::Picture& picture) override;
 
+protected:
+    void workOffPainting() override;
+
 private:
     Stage& m_stage;
 };

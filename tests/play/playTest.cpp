@@ -6,6 +6,7 @@
 #include "widgets/leaveGate.h"
 
 #include <gtest/gtest.h>
+#include <QAbstractEventDispatcher>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
@@ -241,6 +242,44 @@ TEST_F(Session, APictureOfTheActiveWindowIsSaved)
     play("shot \"" + file + "\"\nclose\n");
     const QImage picture(QString::fromStdString(file));
     EXPECT_EQ(picture.size(), window.size());
+}
+
+namespace {
+
+class Modeless : public QDialog
+{
+public:
+    explicit Modeless(QWidget* parent) : QDialog(parent) { setObjectName(QStringLiteral("Other")); }
+};
+
+} // namespace
+
+TEST_F(Session, AWindowThatClosedIsNoLongerTheNamedOne)
+{
+    Modeless other(&window);
+    other.show();
+    QObject::connect(window.list, &QListWidget::itemClicked, &other, &QWidget::show);
+    EXPECT_EQ(play("window Other\nclose\npick ListErrors 0\nget TxtDay\nwindow Other\nfocus\nwindow Main\n"
+                   "get TxtDay\nclose\n"),
+              "> window Other\n> close\nclosed: Other\n> pick ListErrors 0\nopen: Other \"\"\n"
+              "> get TxtDay\nTxtDay text \"\"\n> window Other\n> focus\nfocus: -\n> window Main\n"
+              "> get TxtDay\nTxtDay text \"\"\n> close\nclosed: Main\nclosed: Other\nend\n");
+}
+
+TEST_F(Session, NoCommandComesWhileWindowsArePaintedInTheMiddleOfSomeWork)
+{
+    QStringList seen;
+    QObject::connect(window.list, &QListWidget::itemClicked, &window, [&] {
+        stage.isInTheMiddle = true;
+        // The player is woken, as it is when the work began in the loop of a dialog that has just closed.
+        emit QAbstractEventDispatcher::instance()->aboutToBlock();
+        for (int round = 0; round < 20; ++round)
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        stage.isInTheMiddle = false;
+        seen << window.day->text();
+    });
+    play("pick ListErrors 0\ntype TxtDay 7\npick ListErrors 1\nclose\n");
+    EXPECT_EQ(seen, (QStringList{QString(), QStringLiteral("7")}));
 }
 
 TEST_F(Session, AModelessWindowIsWorkedOnceItIsNamed)

@@ -60,6 +60,10 @@ bool Player::buttonGoesUpByItself() const
 
 void Player::nextRound()
 {
+    if (m_stage.isInTheMiddle) {
+        onIdleAfter(m_patience.milliseconds);
+        return;
+    }
     m_waiting = false;
     if (m_buttonRounds < mostButtonRounds && buttonGoesUpByItself()) {
         ++m_buttonRounds;

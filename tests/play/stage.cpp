@@ -12,6 +12,8 @@ Stage::Stage(Transcript& whereTo) : transcript(whereTo), windows(whereTo)
     windows.onClosed = [this](const std::string& name) {
         if (name == "RcvDate")
             copyFault.copyIsNext();
+        if (name == namedWindow && windows.named(name) == nullptr)
+            namedWindow.clear();
     };
 }
 

@@ -35,9 +35,11 @@ struct Stage
     Windows windows;
     CopyFault copyFault;
     bool printFails = false;                  // the next print job
-    std::string namedWindow;                  // empty for none
+    std::string namedWindow;                  // empty for none, and once it has closed
     QPointer<QWidget> mainWindow;             // null before it is there
     mainscreen::OpenScreen* screen = nullptr; // the same as a session's owner; null in a session without one
+    // Windows are being painted in the middle of some work: no command may come between.
+    bool isInTheMiddle = false;
     // Lets go of the mouse button that brought up a box. Unset for none.
     std::function<void()> heldButton;
 };
