@@ -78,14 +78,32 @@ std::string shownText(const std::string& bytes)
     return shown;
 }
 
+// What stands between empty lines and has `text`; all of it without a text.
+std::string partsWith(const std::string& all, const std::string& text)
+{
+    if (text.empty())
+        return all;
+    constexpr std::string_view emptyLine = "\n\n";
+    std::string parts;
+    for (std::size_t at = 0; at < all.size();) {
+        const auto next = all.find(emptyLine, at);
+        const auto part = all.substr(at, next - at);
+        if (part.find(text) != std::string::npos)
+            parts += part + '\n';
+        at = next == std::string::npos ? all.size() : next + emptyLine.size();
+    }
+    return parts;
+}
+
 class Session : public testing::TestWithParam<std::string>
 {
 protected:
     void prepare()
     {
-        StockFiles(folder).make(script);
         for (const auto& [from, to] : head.copies)
             fs::copy_file(folder.file(from), placeOf(to), fs::copy_options::overwrite_existing);
+        for (const auto& [from, to] : head.links)
+            fs::create_symlink(folder.file(from), placeOf(to));
         for (const auto& [name, text] : head.texts)
             std::ofstream(placeOf(name), std::ios::binary) << replaced(text, "\n", "\r\n");
         for (const auto& [name, sql] : head.statements)
@@ -95,6 +113,21 @@ protected:
         for (const auto& name : head.folders) {
             fs::remove(folder.file(name));
             fs::create_directories(folder.file(name));
+        }
+        damageFiles();
+        found.clear();
+        for (const auto& name : head.unchangedFiles)
+            found.push_back(folder.read(name));
+    }
+
+    void damageFiles() const
+    {
+        for (const auto& [name, size] : head.cuts)
+            fs::resize_file(folder.file(name), size);
+        for (const auto& [name, place, value] : head.changedBytes) {
+            auto bytes = folder.read(name);
+            bytes.at(place) = value;
+            folder.write(name, bytes);
         }
     }
 
@@ -115,11 +148,13 @@ protected:
                     " --program-dir program --user operator --now '2026-01-02 03:04:05' --locale en_GB.UTF-8";
         for (const auto& option : head.options)
             line += ' ' + shellWord(option);
-        return line + ' ' + shellWord((scriptFolder / (GetParam() + ".play")).string()) + " 2>stderr";
+        return line + ' ' + shellWord(scriptPath) + " 2>stderr";
     }
 
     std::string play()
     {
+        if (sessions.size() > 1)
+            scriptPath = parts.write("part.play", part);
         std::string transcript;
         auto* const pipe = popen(command().c_str(), "r");
         std::array<char, 4096> chunk{};
@@ -133,16 +168,55 @@ protected:
     [[nodiscard]] std::string shownFiles() const
     {
         std::string shown;
-        for (const auto& name : head.shownFiles) {
+        for (const auto& [name, text] : head.shownFiles) {
             const bool isThere = fs::exists(folder.file(name));
-            shown += "== " + name + (isThere ? "\n" + shownText(folder.read(name)) : " is not there\n");
+            shown += "== " + name + (text.empty() ? "" : " with " + text);
+            shown += isThere ? '\n' + partsWith(shownText(folder.read(name)), text) : " is not there\n";
         }
         return shown;
     }
 
-    TemporaryFolder folder;
-    std::string script = bytesOf(scriptFolder / (GetParam() + ".play"));
-    ScriptHead head = readHead(script);
+    [[nodiscard]] std::string shownRows() const
+    {
+        std::string shown;
+        for (const auto& [name, sql] : head.queries)
+            shown += "== " + name + ": " + sql + '\n' + rowsOf(folder.file(name), sql);
+        return shown;
+    }
+
+    [[nodiscard]] std::string shownChanges() const
+    {
+        std::string shown;
+        for (std::size_t place = 0; place < found.size(); ++place) {
+            const auto& name = head.unchangedFiles[place];
+            const bool isSame = fs::exists(folder.file(name)) && folder.read(name) == found[place];
+            (shown += "== ") += name;
+            shown += isSame ? ": unchanged\n" : ": CHANGED\n";
+        }
+        return shown;
+    }
+
+    // One session and what it left.
+    std::string playPart(const std::string& text)
+    {
+        part = text;
+        head = readHead(part);
+        prepare();
+        auto printed = play();
+        printed += shownFiles();
+        printed += shownRows();
+        printed += shownChanges();
+        EXPECT_EQ(status, head.status) << printed << folder.read("stderr");
+        return printed;
+    }
+
+    TemporaryFolder folder, parts;
+    std::string scriptPath = (scriptFolder / (GetParam() + ".play")).string();
+    std::string script = bytesOf(scriptPath);
+    std::vector<std::string> sessions = sessionsOf(script);
+    std::string part; // that is played
+    ScriptHead head;
+    std::vector<std::string> found; // the bytes of the files that shall stay unchanged
     int status = -1;
 };
 
@@ -150,12 +224,12 @@ protected:
 
 TEST_P(Session, PrintsItsTranscript)
 {
-    prepare();
     const auto golden = scriptFolder / (GetParam() + ".expected");
-    auto printed = play();
-    printed += shownFiles();
+    StockFiles(folder).make(script);
+    std::string printed;
+    for (const auto& session : sessions)
+        printed += playPart(session);
     const auto transcript = replaced(printed, folder.path().string(), "%DIR%");
-    EXPECT_EQ(status, head.status) << transcript << folder.read("stderr");
     if (shallUpdate())
         std::ofstream(golden, std::ios::binary) << transcript;
     ASSERT_TRUE(fs::exists(golden)) << "no stored transcript; this one was printed:\n" << transcript;

@@ -13,15 +13,46 @@
 #include <array>
 #include <fstream>
 #include <memory>
+#include <span>
 #include <stdexcept>
 
-void executeSql(const std::string& file, const std::string& sql)
+namespace {
+
+using TakeRow = int (*)(void* rows, int count, char** values, char** columns);
+
+void run(const std::string& file, const std::string& sql, TakeRow takeRow, std::string* rows)
 {
     sqlite3* opened = nullptr;
     const int result = sqlite3_open(file.c_str(), &opened);
     const std::unique_ptr<sqlite3, decltype(&sqlite3_close_v2)> database(opened, sqlite3_close_v2);
-    if (result != SQLITE_OK || sqlite3_exec(opened, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (result != SQLITE_OK || sqlite3_exec(opened, sql.c_str(), takeRow, rows, nullptr) != SQLITE_OK)
         throw std::runtime_error(sqlite3_errmsg(opened));
+}
+
+int appendRow(void* rows, int count, char** values, char** /*columns*/)
+{
+    auto& text = *static_cast<std::string*>(rows);
+    const char* separator = "";
+    for (const char* value : std::span(values, static_cast<std::size_t>(count))) {
+        text += std::string(separator) + (value != nullptr ? value : "(null)");
+        separator = "\t";
+    }
+    text += '\n';
+    return SQLITE_OK;
+}
+
+} // namespace
+
+void executeSql(const std::string& file, const std::string& sql)
+{
+    run(file, sql, nullptr, nullptr);
+}
+
+std::string rowsOf(const std::string& file, const std::string& sql)
+{
+    std::string rows;
+    run(file, sql, appendRow, &rows);
+    return rows;
 }
 
 namespace {
@@ -109,6 +140,24 @@ void makeDamaged(Folder folder, const std::string& name)
     folder.write(name, bytes);
 }
 
+// The file of a set that was changed last tells when; a session prints it.
+constexpr const char* setMoment = "UPDATE zeph_objects SET changed = '2025-12-31 23:59:58'";
+
+void makeReferences(Folder folder, const std::string& name)
+{
+    fs::copy(fs::path(ZEPH_SAMPLES_DIR) / name, folder.file(name), fs::copy_options::recursive);
+    for (const char* file : {"VELDABASEBETA.mdb", "VELDAKVR1.mdb", "VELDAKVR3.mdb"})
+        executeSql(folder.file(name + file), setMoment);
+}
+
+// As they stand among the data of the tests, but writable.
+void makeOldFiles(Folder folder, const std::string& name)
+{
+    fs::copy(fs::path(ZEPH_TEST_DIR) / "data/jet" / name, folder.file(name), fs::copy_options::recursive);
+    for (const auto& entry : fs::recursive_directory_iterator(folder.file(name)))
+        fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add);
+}
+
 struct StockFile
 {
     const char* name;
@@ -121,6 +170,8 @@ constexpr std::array stock = {
     StockFile{"work.mdb", makeLoaded},     StockFile{"T15.mdb", makeOddTypes},
     StockFile{"text.mdb", makeText},       StockFile{"notables.mdb", makeWithoutTables},
     StockFile{"foreign.mdb", makeForeign}, StockFile{"damaged.mdb", makeDamaged},
+    StockFile{"ref/", makeReferences},     StockFile{"refnoindex/", makeReferences},
+    StockFile{"jet4/", makeOldFiles},      StockFile{"jet3/", makeOldFiles},
 };
 
 } // namespace
