@@ -3,6 +3,8 @@
 #include "bareWriter.h"
 #include "db/columns.h"
 
+#include <map>
+
 namespace bare {
 
 namespace {
@@ -52,44 +54,57 @@ void takeList(const Values& values, List<Text, N>& list)
     }
 }
 
-// Runs a statement of one key.
-void runWith(sqlite3* connection, const char* sql, int key)
+// Statements by their text, each prepared when it is first asked for.
+class Statements
 {
-    Statement statement(connection, sql);
+public:
+    explicit Statements(sqlite3* connection) : m_connection(connection) {}
+    Statement& of(const char* sql) { return m_statements.try_emplace(sql, m_connection, sql).first->second; }
+    [[nodiscard]] bool changedRows() const { return sqlite3_changes(m_connection) != 0; }
+
+private:
+    sqlite3* m_connection;
+    std::map<const char*, Statement> m_statements;
+};
+
+// Runs a statement of one key.
+void runWith(Statements& statements, const char* sql, int key)
+{
+    auto& statement = statements.of(sql);
     statement.bindLong(1, key);
     statement.run();
 }
 
-void deleteSite(sqlite3* connection, int key)
+void deleteSite(Statements& statements, int key)
 {
-    runWith(connection, "DELETE FROM kvr_geo WHERE geo_key = ?", key);
-    runWith(connection, "DELETE FROM kvr_geo_pt WHERE geo_key = ?", key);
+    runWith(statements, "DELETE FROM kvr_geo WHERE geo_key = ?", key);
+    runWith(statements, "DELETE FROM kvr_geo_pt WHERE geo_key = ?", key);
 }
 
 // All but the row, the site and the target.
-void deleteRest(sqlite3* connection, int key, bool receivers)
+void deleteRest(Statements& statements, int key, bool receivers)
 {
     if (receivers) {
-        runWith(connection,
+        runWith(statements,
                 "DELETE FROM kvr_geo_pt WHERE geo_key IN (SELECT geo_key FROM kvr_rx WHERE veldakey = ?)",
                 key);
-        runWith(connection,
+        runWith(statements,
                 "DELETE FROM kvr_geo WHERE geo_key IN (SELECT geo_key FROM kvr_rx WHERE veldakey = ?)", key);
-        runWith(connection, "DELETE FROM kvr_rx WHERE veldakey = ?", key);
+        runWith(statements, "DELETE FROM kvr_rx WHERE veldakey = ?", key);
     } else {
-        runWith(connection,
+        runWith(statements,
                 "DELETE FROM kvr_geo_pt WHERE geo_key IN (SELECT geo_key FROM kvr_tx WHERE veldakey = ?)",
                 key);
-        runWith(connection,
+        runWith(statements,
                 "DELETE FROM kvr_geo WHERE geo_key IN (SELECT geo_key FROM kvr_tx WHERE veldakey = ?)", key);
-        runWith(connection, "DELETE FROM kvr_tx WHERE veldakey = ?", key);
+        runWith(statements, "DELETE FROM kvr_tx WHERE veldakey = ?", key);
     }
     for (const auto* sql :
          {"DELETE FROM kvr_rmks WHERE veldakey = ?", "DELETE FROM kvr_rot WHERE veldakey = ?",
           "DELETE FROM kvr_ant WHERE veldakey = ?", "DELETE FROM kvr_call_sign WHERE veldakey = ?",
           "DELETE FROM kvr_nat_serv WHERE veldakey = ?", "DELETE FROM kvr_op_agcy WHERE veldakey = ?",
           "DELETE FROM kvr_coord WHERE veldakey = ?"})
-        runWith(connection, sql, key);
+        runWith(statements, sql, key);
 }
 
 struct Keys
@@ -98,23 +113,25 @@ struct Keys
     bool receivers = false;
 };
 
-Keys keysOf(sqlite3* connection, int key)
+Keys keysOf(Statements& statements, int key)
 {
-    Statement query(connection, "SELECT geo_key, target, stn_type FROM kvr_velda WHERE veldakey = ?");
+    auto& query = statements.of("SELECT geo_key, target, stn_type FROM kvr_velda WHERE veldakey = ?");
     query.bindLong(1, key);
     if (!query.step())
         throw std::runtime_error("no notice " + std::to_string(key));
-    return {query.number(0), query.number(1), query.text(2) != "RX"};
+    const Keys keys{query.number(0), query.number(1), query.text(2) != "RX"};
+    query.reset();
+    return keys;
 }
 
-void updateRow(sqlite3* connection, int key, const Notice& notice, int targetKey)
+void updateRow(Statements& statements, int key, const Notice& notice, int targetKey)
 {
-    Statement update(connection,
-                     "UPDATE kvr_velda SET fragment = ?, adm = ?, addr_code = ?, freq_assgn = ?, op_hh_fr = "
-                     "?, op_hh_to = ?, stn_cls = ?, op_cls = ?, emi_cls = ?, bdwdth_cde = ?, freq_carr = ?, "
-                     "d_inuse = ?, d_adm_ntc = ?, notice_typ = ?, stn_id = ?, stn_type = ?, intent = ?, prov "
-                     "= ?, adm_ref_id = ?, is_resub = ?, band_pref = ?, freq_dev = ?, energy_dsp = ?, "
-                     "src_update = ?, d_updated = ?, d_rcv = ?, target = ? WHERE veldakey = ?");
+    auto& update = statements.of(
+        "UPDATE kvr_velda SET fragment = ?, adm = ?, addr_code = ?, freq_assgn = ?, op_hh_fr = "
+        "?, op_hh_to = ?, stn_cls = ?, op_cls = ?, emi_cls = ?, bdwdth_cde = ?, freq_carr = ?, "
+        "d_inuse = ?, d_adm_ntc = ?, notice_typ = ?, stn_id = ?, stn_type = ?, intent = ?, prov "
+        "= ?, adm_ref_id = ?, is_resub = ?, band_pref = ?, freq_dev = ?, energy_dsp = ?, "
+        "src_update = ?, d_updated = ?, d_rcv = ?, target = ? WHERE veldakey = ?");
     Writer::bindVelda(update, notice.velda);
     if (targetKey != 0)
         update.bindLong(veldaColumns + 1, targetKey);
@@ -122,29 +139,29 @@ void updateRow(sqlite3* connection, int key, const Notice& notice, int targetKey
     update.run();
 }
 
-void updateSite(sqlite3* connection, int geoKey, const Site& site)
+void updateSite(Statements& statements, int geoKey, const Site& site)
 {
-    Statement update(connection, "UPDATE kvr_geo SET geo_type = ?, ctry = ?, site_name = ?, zone_id = ?, "
+    auto& update = statements.of("UPDATE kvr_geo SET geo_type = ?, ctry = ?, site_name = ?, zone_id = ?, "
                                  "radius = ? WHERE geo_key = ?");
     Writer::bindTexts(update, site.columns);
     update.bindLong(siteColumns + 1, geoKey);
     update.run();
-    runWith(connection, "DELETE FROM kvr_geo_pt WHERE geo_key = ?", geoKey);
+    runWith(statements, "DELETE FROM kvr_geo_pt WHERE geo_key = ?", geoKey);
 }
 
 // False when there is no row.
-bool updateTarget(sqlite3* connection, int targetKey, const Notice& notice)
+bool updateTarget(Statements& statements, int targetKey, const Notice& notice)
 {
-    Statement update(connection,
-                     "UPDATE kvr_target SET trg_freq_assgn = ?, trg_op_hh_fr = ?, trg_op_hh_to = ?, "
-                     "trg_stn_cls = ?, trg_op_cls = ?, trg_emi_cls = ?, trg_bdwdth_cde = ?, trg_geo_type = "
-                     "?, trg_zone_id = ?, trg_long_deg = ?, trg_long_ew = ?, trg_long_min = ?, trg_long_sec "
-                     "= ?, trg_lat_deg = ?, trg_lat_ns = ?, trg_lat_min = ?, trg_lat_sec = ?, "
-                     "trg_adm_ref_id = ? WHERE target = ?");
+    auto& update =
+        statements.of("UPDATE kvr_target SET trg_freq_assgn = ?, trg_op_hh_fr = ?, trg_op_hh_to = ?, "
+                      "trg_stn_cls = ?, trg_op_cls = ?, trg_emi_cls = ?, trg_bdwdth_cde = ?, trg_geo_type = "
+                      "?, trg_zone_id = ?, trg_long_deg = ?, trg_long_ew = ?, trg_long_min = ?, trg_long_sec "
+                      "= ?, trg_lat_deg = ?, trg_lat_ns = ?, trg_lat_min = ?, trg_lat_sec = ?, "
+                      "trg_adm_ref_id = ? WHERE target = ?");
     Writer::bindTexts(update, notice.target);
     update.bindLong(targetColumns + 1, targetKey);
     update.run();
-    return sqlite3_changes(connection) != 0;
+    return statements.changedRows();
 }
 
 } // namespace
@@ -168,37 +185,57 @@ Notice noticeOf(const Ntc& ntc)
     return notice;
 }
 
-void updateNotice(const std::string& database, int key, const Notice& notice, bool withTarget)
+struct Updates::State
 {
-    const auto connection = open(database, false);
-    Writer writer(connection.get());
+    explicit State(const std::string& database)
+        : connection(open(database, false)), writer(connection.get()), statements(connection.get())
+    {}
+
+    Connection connection;
+    Writer writer;
+    Statements statements;
+};
+
+Updates::Updates(const std::string& database) : m_state(std::make_unique<State>(database)) {}
+
+Updates::~Updates() = default;
+
+void Updates::update(int key, const Notice& notice, bool withTarget)
+{
+    auto& [connection, writer, statements] = *m_state;
     writer.begin();
-    const auto keys = keysOf(connection.get(), key);
+    const auto keys = keysOf(statements, key);
     const bool adds = notice.velda[intent] == "ADD";
     const int target = keys.target == 0 && !adds ? writer.drawTarget() : keys.target;
-    updateRow(connection.get(), key, notice, adds ? 0 : target);
-    updateSite(connection.get(), keys.geo, notice.site);
+    updateRow(statements, key, notice, adds ? 0 : target);
+    updateSite(statements, keys.geo, notice.site);
     writer.writePoints(notice.site, keys.geo);
     if (keys.target != 0 && !withTarget)
-        runWith(connection.get(), "DELETE FROM kvr_target WHERE target = ?", target);
-    else if (target != 0 && !updateTarget(connection.get(), target, notice))
+        runWith(statements, "DELETE FROM kvr_target WHERE target = ?", target);
+    else if (target != 0 && !updateTarget(statements, target, notice))
         writer.writeTarget(notice, target);
-    deleteRest(connection.get(), key, notice.velda[stnType] != "RX");
+    deleteRest(statements, key, notice.velda[stnType] != "RX");
     writer.writeRest(notice, key);
     writer.end();
+}
+
+void updateNotice(const std::string& database, int key, const Notice& notice, bool withTarget)
+{
+    Updates(database).update(key, notice, withTarget);
 }
 
 void deleteNotice(const std::string& database, int key)
 {
     const auto connection = open(database, false);
+    Statements statements(connection.get());
     execute(connection.get(), "BEGIN IMMEDIATE");
-    const auto keys = keysOf(connection.get(), key);
-    runWith(connection.get(), "DELETE FROM kvr_velda WHERE veldakey = ?", key);
-    deleteSite(connection.get(), keys.geo);
+    const auto keys = keysOf(statements, key);
+    runWith(statements, "DELETE FROM kvr_velda WHERE veldakey = ?", key);
+    deleteSite(statements, keys.geo);
     if (keys.target != 0)
-        runWith(connection.get(), "DELETE FROM kvr_target WHERE target = ?", keys.target);
-    deleteRest(connection.get(), key, keys.receivers);
-    runWith(connection.get(), "DELETE FROM kvr_pub_hist WHERE veldakey = ?", key);
+        runWith(statements, "DELETE FROM kvr_target WHERE target = ?", keys.target);
+    deleteRest(statements, key, keys.receivers);
+    runWith(statements, "DELETE FROM kvr_pub_hist WHERE veldakey = ?", key);
     execute(connection.get(), "COMMIT");
 }
 

@@ -2,16 +2,21 @@
 
 #include "bare.h"
 #include "db/MainModule.h"
+#include "load/checkTarget.h"
 #include "load/readNtcAndWriteToDB.h"
+#include "load/refDatabases.h"
 #include "model/session.h"
 #include "platform/paths.h"
 
 #include "progress.h"
+#include "tools/jetReference.h"
+#include "tools/referenceSet.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <random>
 #include <sstream>
 
@@ -44,12 +49,28 @@ public:
     void clearErrorLines() override { lines = 0; }
     void addErrorLine(const std::string& line) override
     {
+        if (!line.starts_with("Notice"))
+            return;
         ++lines;
         progress::tell(std::atoi(line.c_str() + line.find(':') + 1)); // "Notice No: 7 is ..."
     }
 
+    void openCheck(const platform::CheckStart&) override { lines = 0; }
+    void appendCheckText(const std::string&) override {}
+    void selectErrorLine(int) override {}
+    void endCheck() override {}
+    void showWaiting() override { throw std::runtime_error("an index is missing"); }
+    void paintWaiting() override {}
+    void closeWaiting() override {}
+
     int lines = 0;
 };
+
+CountingHost& host()
+{
+    static CountingHost counting;
+    return counting;
+}
 
 const fs::path& folder()
 {
@@ -117,6 +138,29 @@ std::string keptDatabase(Shape shape, int count)
     return database.string();
 }
 
+// The folder of a reference set beneath a name that tells all it depends on. It is made under another name,
+// so that an end in the midst of it leaves no half set.
+std::string
+keptSet(const std::string& name, const std::string& noticeFile, int assignments,
+        const std::function<std::vector<referenceRows::Answer>(const std::string& folder,
+                                                               const referenceRows::Options& options)>& write)
+{
+    const auto kept =
+        fs::path(ZEPH_BENCH_FOLDER) / (name + std::to_string(assignments) + "-" +
+                                       std::to_string(std::hash<std::string>()(bytesOf(noticeFile))));
+    if (fs::exists(kept))
+        return kept.string();
+    const auto unfinished = kept.string() + "-unfinished";
+    fs::remove_all(unfinished);
+    for (const auto& answer :
+         write(unfinished, {assignments, seed, ::actingNotices::readFile(noticeFile), true})) {
+        if (answer.count != 1)
+            throw std::runtime_error("a notice is not answered once");
+    }
+    fs::rename(unfinished, kept);
+    return kept.string();
+}
+
 } // namespace
 
 bool withLarge()
@@ -161,12 +205,75 @@ std::string loadedDatabase(Shape shape, int count)
 
 int loadByProduct(const std::string& noticeFile, const std::string& database)
 {
-    static CountingHost host;
+    host().lines = 0;
     session::electFileName = noticeFile;
     session::notice.d_rcv = dateOfReceipt;
     readNtcAndWriteToDB::openElectFile(session::notice);
     readNtcAndWriteToDB::loadElectFile(session::notice, database);
-    return host.lines;
+    return host().lines;
+}
+
+std::string actingNotices(int count)
+{
+    auto file = path("acting" + std::to_string(count));
+    if (fs::exists(file))
+        return file;
+    const noticeGenerator::NoticeGenerator generator(seed);
+    std::ofstream stream(file, std::ios::binary);
+    stream << generator.head();
+    for (int number = 1, written = 0; written < count; ++number) {
+        const auto notice = generator.notice(number);
+        if (notice.find("SUPPRESS") == std::string::npos && notice.find("WITHDRAW") == std::string::npos)
+            continue;
+        stream << notice;
+        ++written;
+    }
+    return file;
+}
+
+std::string referenceSetFor(const std::string& noticeFile, int assignments, bool withIndexes)
+{
+    return keptSet(withIndexes ? "reference" : "referencePlain", noticeFile, assignments,
+                   [withIndexes](const std::string& folder, const referenceRows::Options& options) {
+                       return referenceSet::write(folder, options, withIndexes);
+                   });
+}
+
+std::string oldReferenceSet(int assignments)
+{
+    return keptSet("oldReference", actingNotices(1000), assignments,
+                   [](const std::string& folder, const referenceRows::Options& options) {
+                       return jetReference::write(folder, options, true);
+                   });
+}
+
+std::vector<int> oldSetSizes()
+{
+    return withLarge() ? std::vector{300'000, 2'500'000} : std::vector{300'000};
+}
+
+std::string cacheFolder()
+{
+    return (fs::path(ZEPH_BENCH_FOLDER) / ("caches-" + folder().filename().string())).string();
+}
+
+int checkByProduct(const std::string& database, const std::string& reference)
+{
+    host().lines = 0;
+    session::workingDbPath = database;
+    session::referenceDbPath = reference;
+    checkTarget::checkAllNtc();
+    return host().lines;
+}
+
+void linkByProduct(const std::string& reference)
+{
+    host().lines = 0;
+    session::referenceDbPath = reference;
+    refDatabases::RefDatabases databases;
+    databases.checkRefIndexes();
+    if (databases.indexInfo().find("were updated on") == std::string::npos)
+        throw std::runtime_error(databases.indexInfo());
 }
 
 std::vector<std::int32_t> keysOf(const std::string& database)
@@ -181,6 +288,7 @@ std::vector<std::int32_t> keysOf(const std::string& database)
 
 void removeAll()
 {
+    fs::remove_all(cacheFolder());
     fs::remove_all(folder());
 }
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 // Files and databases that the benchmarks work on. They live in a folder of the process, which is removed at
-// the end, but for the large database, which is kept for the next run.
+// the end, but for the large ones, which are kept for the next run.
 namespace fixtures {
 
 using noticeGenerator::Shape;
@@ -34,6 +34,25 @@ std::string copyDatabase(const std::string& database, const std::string& name);
 // Loads by the product; gives the number of notices that an earlier one was found for. Throws when the
 // product showed any message.
 int loadByProduct(const std::string& noticeFile, const std::string& database);
+
+// The first `count` notices that end an assignment, and nothing else.
+[[nodiscard]] std::string actingNotices(int count);
+
+// The folder of a reference set in which each of the notices finds one assignment; kept for the next run.
+[[nodiscard]] std::string referenceSetFor(const std::string& noticeFile, int assignments, bool withIndexes);
+
+// The folder of such a set for the first 1,000 notices that end an assignment, as files of the original
+// engine; kept too. The sizes that are measured, in assignments: the last only where the large database is.
+[[nodiscard]] std::string oldReferenceSet(int assignments);
+[[nodiscard]] std::vector<int> oldSetSizes();
+
+// Where what is made of old files goes: beside the reference sets, for it is large. Removed at the end.
+[[nodiscard]] std::string cacheFolder();
+
+// The check of all notices by the product; gives the number of lines about notices. The routine of the link
+// by the product. Throw when it showed any message.
+int checkByProduct(const std::string& database, const std::string& reference);
+void linkByProduct(const std::string& reference);
 
 // The keys of all notices in the order of the list.
 [[nodiscard]] std::vector<std::int32_t> keysOf(const std::string& database);

@@ -3,6 +3,7 @@
 #include "bareChange.h"
 #include "bareList.h"
 #include "bareLoad.h"
+#include "bareLookUp.h"
 #include "bareReader.h"
 #include "bareWrite.h"
 #include "compareDatabases.h"
@@ -13,8 +14,10 @@
 #include "db/updateNtcInDB.h"
 #include "elect/writeNtcToElect.h"
 #include "fixtures.h"
+#include "load/checkTarget.h"
 #include "model/session.h"
 #include "platform/hostFormat.h"
+#include "tools/referenceSet.h"
 
 namespace {
 
@@ -100,6 +103,36 @@ void checkChanges()
     compareDatabases(ours, floor);
 }
 
+void checkLookUp(int key, bare::LookUps& floor)
+{
+    const auto ntc = std::make_unique<Ntc>();
+    require(readDBToNtc::readNtc(key, *ntc, session::db), "notice to be read");
+    std::string ctry;
+    const auto site_name = checkTarget::lookUpTargetSite(*ntc, session::refDb, ctry);
+    const auto found = floor.find(bare::soughtBy(*ntc));
+    const auto expected = found.count == 0  ? checkTarget::noTarget
+                          : found.count > 1 ? checkTarget::severalTargets
+                                            : found.site_name.c_str();
+    require(site_name == expected && (found.count != 1 || ctry == found.ctry), "site that is looked up");
+}
+
+// Against a set in which notices find no assignment, one or several.
+void checkLookUps()
+{
+    const auto notices = fixtures::actingNotices(500);
+    const auto working = fixtures::emptyDatabase("lookedUp");
+    fixtures::loadByProduct(notices, working);
+    const auto folder = fixtures::path("smallSet");
+    referenceSet::write(folder, {5000, 1, actingNotices::readFile(notices)}, true);
+    MainModule::openDatabase(true, working, session::db);
+    MainModule::openDatabase(true, folder + "/VELDABASEBETA.mdb", session::refDb);
+    bare::LookUps floor(folder, false);
+    for (int key = 1; key <= 500; ++key)
+        checkLookUp(key, floor);
+    MainModule::closeDatabase(session::db);
+    MainModule::closeDatabase(session::refDb);
+}
+
 } // namespace
 
 void checkFloors()
@@ -109,5 +142,6 @@ void checkFloors()
     checkShape(Shape::OneFrequency, 300);
     checkShape(Shape::OnePosition, 300);
     checkChanges();
+    checkLookUps();
     platform::setClock({});
 }

@@ -2,6 +2,7 @@
 // ZEPH_BENCH_LARGE=1 adds the measurements on 200,000 notices.
 #include "fixtures.h"
 #include "floorCheck.h"
+#include "platform/paths.h"
 #include "registry.h"
 #include "widgets/application.h"
 
@@ -24,6 +25,7 @@ void initialize(int count, char** arguments)
 
 void run(int count, char** arguments)
 {
+    platform::setUserCacheDirectory(fixtures::cacheFolder()); // never the user's own
     initialize(count, arguments);
     checkFloors();
     std::printf("floor and product give the same rows and the same files\n");
@@ -34,6 +36,8 @@ void run(int count, char** arguments)
     registry::addList();
     registry::addRecord();
     registry::addWindow();
+    registry::addCheck();
+    registry::addOldFiles();
     registry::runAll();
 }
 

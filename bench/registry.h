@@ -42,5 +42,7 @@ void addChanges();
 void addList();
 void addRecord();
 void addWindow();
+void addCheck();
+void addOldFiles();
 
 } // namespace registry

@@ -1,52 +1,26 @@
+#include "childProgram.h"
 #include "fixtures.h"
 #include "paintedList.h"
-#include "platform/paths.h"
 #include "registry.h"
 
-#include <sys/resource.h>
-
-#include <chrono>
-#include <cstdio>
-#include <memory>
 #include <sstream>
-#include <stdexcept>
 
 namespace {
 
 using benchmark::State;
 
-// Runs the program of windows and gives what it prints.
-std::string runWindow(const std::string& task)
+childProgram::Run runWindow(const std::vector<std::string>& arguments)
 {
-    const auto command = "'" + platform::programDirectory() + "/zeph_bench_window' " + task + " 2>/dev/null";
-    std::FILE* const pipe = popen(command.c_str(), "r");
-    std::array<char, 64> line{};
-    const bool any = pipe != nullptr && std::fgets(line.data(), line.size(), pipe) != nullptr;
-    if (pipe == nullptr || pclose(pipe) != 0)
-        throw std::runtime_error(command + " has failed");
-    return any ? line.data() : "";
-}
-
-// CPU time of the processes that have ended.
-double cpuSecondsOfChildren()
-{
-    rusage usage{};
-    getrusage(RUSAGE_CHILDREN, &usage);
-    const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+    return childProgram::run("zeph_bench_window", arguments);
 }
 
 void startProgram(State& state)
 {
     double real = 0;
     for ([[maybe_unused]] auto turn : state) {
-        const auto begin = std::chrono::steady_clock::now();
-        const double cpu = cpuSecondsOfChildren();
-        runWindow("start");
-        state.SetIterationTime(cpuSecondsOfChildren() - cpu);
-        real += std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
+        const auto run = runWindow({"start"});
+        state.SetIterationTime(run.cpuSeconds);
+        real += run.realSeconds * 1000;
     }
     state.counters["real_ms"] = real / static_cast<double>(state.iterations());
 }
@@ -58,7 +32,7 @@ void paintByProduct(State& state, int notices)
     list.refresh(notices);
     for ([[maybe_unused]] auto turn : state)
         list.refresh(notices);
-    const auto kilobytes = runWindow("list '" + database + "' " + std::to_string(notices));
+    const auto kilobytes = runWindow({"list", database, std::to_string(notices)}).line;
     state.counters["peak_MB"] = std::stod(kilobytes) / 1024;
 }
 
@@ -69,7 +43,7 @@ void walkByProduct(State& state)
     const auto database = fixtures::loadedDatabase(fixtures::Shape::Diverse, 1000);
     double first = 0;
     for ([[maybe_unused]] auto turn : state) {
-        std::istringstream figures(runWindow("walk '" + database + "' " + std::to_string(steps)));
+        std::istringstream figures(runWindow({"walk", database, std::to_string(steps)}).line);
         double milliseconds = 0;
         double step = 0;
         figures >> milliseconds >> step;

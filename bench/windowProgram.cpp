@@ -3,6 +3,7 @@
 // the next; prints the milliseconds that pass for the one and for each step. zeph_bench_window list DATABASE
 // ROWS: the list up to its painted rows; prints how far the memory of the process grew for it at its height,
 // in kilobytes.
+#include "childProgram.h"
 #include "db/currentNotice.h"
 #include "db/noticeList.h"
 #include "mainscreen/openScreen.h"
@@ -18,23 +19,11 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <optional>
 #include <stdexcept>
 #include <string>
 
 namespace {
-
-// A figure of the process in kilobytes.
-long memoryFigure(const std::string& name)
-{
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.starts_with(name + ":"))
-            return std::stol(line.substr(name.size() + 1));
-    }
-    throw std::runtime_error(name + " is not told here");
-}
 
 void start()
 {
@@ -50,9 +39,9 @@ void start()
 void list(const std::string& database, int rows)
 {
     PaintedList painted(database);
-    const long before = memoryFigure("VmRSS");
+    const long before = childProgram::memoryFigure("VmRSS");
     painted.refresh(rows);
-    std::printf("%ld\n", memoryFigure("VmHWM") - before);
+    std::printf("%ld\n", childProgram::memoryFigure("VmHWM") - before);
 }
 
 using Clock = std::chrono::steady_clock;
