@@ -9,6 +9,10 @@ else()
   target_compile_options(zeph_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${ZEPH_WARNINGS_AS_ERRORS}>:-Werror>)
 endif()
+# Without it the compiler's cache can't see which precompiled header a source was compiled with.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(zeph_options INTERFACE -fpch-preprocess)
+endif()
 # False alarms of this compiler about the bounds of its own strings, once it optimises.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(zeph_options INTERFACE -Wno-restrict -Wno-stringop-overflow -Wno-array-bounds)
