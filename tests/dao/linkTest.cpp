@@ -355,7 +355,7 @@ TEST_F(Links, AMissingTableIsToldByTheNameThatWasAskedFor)
         try {
             action();
         } catch (const platform::RuntimeError& failure) {
-            return failure.description;
+            return failure.description();
         }
         return {};
     };
