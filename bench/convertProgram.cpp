@@ -41,10 +41,11 @@ void copyByFloor(const std::string& finished, const std::string& copy)
     for (const auto& definition : answersTo(handle, "SELECT sql" + from + "AND type = 'table'"))
         bare::execute(handle, definition.c_str());
     // The condition keeps the engine from copying whole rows as they lie there.
-    for (const auto& table : answersTo(handle, "SELECT name" + from + "AND type = 'table'"))
-        bare::execute(
-            handle, ("INSERT INTO main.\"" + table + "\" SELECT * FROM finished.\"" + table + "\" WHERE true")
-                        .c_str());
+    for (const auto& table : answersTo(handle, "SELECT name" + from + "AND type = 'table'")) {
+        std::string copying = "INSERT INTO main.\"";
+        copying.append(table).append("\" SELECT * FROM finished.\"").append(table).append("\" WHERE true");
+        bare::execute(handle, copying.c_str());
+    }
     for (const auto& definition : answersTo(handle, "SELECT sql" + from + "AND type = 'index'"))
         bare::execute(handle, definition.c_str());
     bare::execute(handle, "PRAGMA analysis_limit=1000; ANALYZE main; COMMIT");
