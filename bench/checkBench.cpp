@@ -91,7 +91,7 @@ void openByProduct(State& state, const std::string& reference)
     const auto find = [&] {
         std::string ctry;
         MainModule::openDatabase(true, reference, session::refDb);
-        const auto site = checkTarget::lookUpTargetSite(sought[turn.next()], session::refDb, ctry);
+        auto site = checkTarget::lookUpTargetSite(sought[turn.next()], session::refDb, ctry);
         MainModule::closeDatabase(session::refDb);
         return site;
     };
