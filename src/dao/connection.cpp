@@ -139,6 +139,18 @@ std::string pathOf(sqlite3* connection)
     return name != nullptr ? name : "";
 }
 
+void copyContent(sqlite3* content, sqlite3* onto, std::string_view path)
+{
+    struct Closer
+    {
+        void operator()(sqlite3_backup* backup) const noexcept { sqlite3_backup_finish(backup); }
+    };
+    const std::unique_ptr<sqlite3_backup, Closer> backup(sqlite3_backup_init(onto, "main", content, "main"));
+    const int result = backup ? sqlite3_backup_step(backup.get(), -1) : sqlite3_errcode(onto);
+    if (result != SQLITE_DONE)
+        throw engineFailure(result, nullptr, path);
+}
+
 void bindText(sqlite3_stmt* statement, int place, std::string_view text)
 {
     sqlite3_bind_text64(statement, place, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);

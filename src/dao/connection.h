@@ -44,6 +44,9 @@ void execute(sqlite3* connection, const char* sql);
 
 [[nodiscard]] std::string pathOf(sqlite3* connection);
 
+// The whole content of one file onto another, as one transaction. A failure names the path.
+void copyContent(sqlite3* content, sqlite3* onto, std::string_view path);
+
 // For short looks into a file. The text must outlive the statement's steps.
 void bindText(sqlite3_stmt* statement, int place, std::string_view text);
 [[nodiscard]] std::string textAt(sqlite3_stmt* statement, int column);

@@ -16,11 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct BackupCloser
-{
-    void operator()(sqlite3_backup* backup) const noexcept { sqlite3_backup_finish(backup); }
-};
-
 // What SQLite leaves beside a database file until a transaction or its last connection has ended.
 void removeCompanions(const fs::path& database)
 {
@@ -57,19 +52,15 @@ bool replaceThroughEngine(const fs::path& source, const fs::path& target)
     const auto from = openAnyFile(platform::utf8Path(source), SQLITE_OPEN_READWRITE);
     const auto onto = openAnyFile(platform::utf8Path(target), SQLITE_OPEN_READWRITE);
     sqlite3_db_config(onto.get(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
-    int result = sqlite3_exec(onto.get(), "BEGIN IMMEDIATE; ROLLBACK", nullptr, nullptr, nullptr);
+    const int result = sqlite3_exec(onto.get(), "BEGIN IMMEDIATE; ROLLBACK", nullptr, nullptr, nullptr);
     if ((result & 0xff) == SQLITE_BUSY)
         throw engineFailure(result, onto.get(), target.string());
     if (result != SQLITE_OK)
         return false;
     // What was written ahead goes into the file, and the copy is a single file as the master is.
     sqlite3_exec(onto.get(), "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr);
-    const std::unique_ptr<sqlite3_backup, BackupCloser> backup(
-        sqlite3_backup_init(onto.get(), "main", from.get(), "main"));
-    result = backup ? sqlite3_backup_step(backup.get(), -1) : sqlite3_errcode(onto.get());
-    if (result == SQLITE_DONE)
-        return true;
-    throw engineFailure(result, nullptr, target.string());
+    copyContent(from.get(), onto.get(), target.string());
+    return true;
 }
 
 // What stands over a cache or over corrections alone is left out.

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+// Files that are made whole under another name before they get their own.
 namespace dao {
 
 // A file that goes with its scope, unless it has got another name by then.
@@ -22,5 +23,14 @@ public:
 private:
     std::filesystem::path m_path;
 };
+
+// A name beside the target that nobody else uses.
+[[nodiscard]] std::filesystem::path unfinishedName(const std::filesystem::path& target);
+
+// Whether a file bears such a name and is so old that whoever made it was killed.
+[[nodiscard]] bool isLeftover(const std::filesystem::path& path, std::filesystem::file_time_type lastWrite);
+
+// Puts a file on the disk. Throws 3026 on a full one, 3043 otherwise.
+void flush(const std::filesystem::path& file);
 
 } // namespace dao

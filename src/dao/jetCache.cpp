@@ -10,9 +10,7 @@
 #include "platform/paths.h"
 
 #include <algorithm>
-#include <chrono>
 #include <fstream>
-#include <random>
 #include <vector>
 
 namespace dao {
@@ -25,8 +23,6 @@ namespace fs = std::filesystem;
 constexpr int layout = 1;
 constexpr int mostAttempts = 3;
 constexpr auto suffix = ".db";
-constexpr auto unfinishedSuffix = ".tmp";
-constexpr auto ageOfLeftovers = std::chrono::hours(24);
 
 std::uintmax_t limit = usualCacheLimit;
 std::function<void()> watcherOfConversions;
@@ -116,16 +112,6 @@ bool isCacheOf(const fs::path& cache, const Source& source)
     }
 }
 
-void flush(const fs::path& file)
-{
-    try {
-        platform::flushToDisk(file);
-    } catch (const platform::RuntimeError& failure) {
-        raiseEngineError(failure.number == platform::errDiskFull ? errNoSpace : errDisk,
-                         platform::utf8Path(file));
-    }
-}
-
 // False when the old file was changed meanwhile; what was read of it is then of no use, a failure included.
 bool writeUnchanged(const std::string& path, const Source& source, const fs::path& cache)
 {
@@ -149,9 +135,7 @@ bool writeUnchanged(const std::string& path, const Source& source, const fs::pat
 // The same on another host, and after a crash: under its name a cache is whole.
 bool build(const std::string& path, const Source& source, const fs::path& cache)
 {
-    std::random_device random;
-    const FleetingFile unfinished(
-        fs::path(cache) += "." + hexadecimal((std::uint64_t{random()} << 32U) | random()) + unfinishedSuffix);
+    const FleetingFile unfinished(unfinishedName(cache));
     makePrivateFile(unfinished.path());
     if (!writeUnchanged(path, source, unfinished.path()))
         return false;
@@ -196,9 +180,8 @@ void remove(const Entry& entry)
 
 void removeLeftovers(const std::vector<Entry>& entries)
 {
-    const auto eldest = fs::file_time_type::clock::now() - ageOfLeftovers;
     for (const auto& entry : entries) {
-        if (entry.path.extension() == unfinishedSuffix && entry.lastUse < eldest)
+        if (isLeftover(entry.path, entry.lastUse))
             remove(entry);
     }
 }

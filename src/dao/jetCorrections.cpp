@@ -8,10 +8,7 @@
 #include "platform/paths.h"
 #include "platform/sharedFile.h"
 
-#include <array>
-#include <chrono>
 #include <optional>
-#include <random>
 #include <system_error>
 
 namespace dao {
@@ -21,8 +18,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr auto suffix = ".corrected";
-constexpr auto unfinishedSuffix = ".tmp";
-constexpr auto ageOfLeftovers = std::chrono::hours(24);
 
 std::function<void()> watcherOfCorrections;
 
@@ -122,50 +117,18 @@ void noteOriginal(sqlite3* correction, const jet::Stamp& stamp, std::uint64_t ha
     static_cast<void>(stepToRow(correction, insertion.get()));
 }
 
-struct BackupCloser
-{
-    void operator()(sqlite3_backup* backup) const noexcept { sqlite3_backup_finish(backup); }
-};
-
-void copyContent(sqlite3* content, sqlite3* onto)
-{
-    const std::unique_ptr<sqlite3_backup, BackupCloser> backup(
-        sqlite3_backup_init(onto, "main", content, "main"));
-    const int result = backup ? sqlite3_backup_step(backup.get(), -1) : sqlite3_errcode(onto);
-    if (result != SQLITE_DONE)
-        throw engineFailure(result, nullptr, pathOf(onto));
-}
-
-fs::path unfinishedName(const fs::path& target)
-{
-    std::random_device random;
-    return fs::path(target) +=
-           "." + hexadecimal((std::uint64_t{random()} << 32U) | random()) + unfinishedSuffix;
-}
-
 // Of processes that were killed.
 void removeLeftovers(const fs::path& target)
 {
-    const auto eldest = fs::file_time_type::clock::now() - ageOfLeftovers;
     const auto beginning = platform::utf8Path(target.filename()) + ".";
     std::error_code failure;
     for (fs::directory_iterator entry(target.has_parent_path() ? target.parent_path() : ".", failure), end;
          !failure && entry != end; entry.increment(failure)) {
         std::error_code gone;
-        if (entry->path().extension() == unfinishedSuffix &&
-            platform::utf8Path(entry->path().filename()).starts_with(beginning) &&
-            entry->last_write_time(gone) < eldest && !gone)
+        const auto lastWrite = entry->last_write_time(gone);
+        if (!gone && platform::utf8Path(entry->path().filename()).starts_with(beginning) &&
+            isLeftover(entry->path(), lastWrite))
             fs::remove(entry->path(), gone);
-    }
-}
-
-void flush(const fs::path& file)
-{
-    try {
-        platform::flushToDisk(file);
-    } catch (const platform::RuntimeError& failure) {
-        raiseEngineError(failure.number == platform::errDiskFull ? errNoSpace : errDisk,
-                         platform::utf8Path(file));
     }
 }
 
@@ -182,7 +145,7 @@ void fill(const fs::path& unfinished, sqlite3* content, const std::function<void
             }
         }();
         execute(connection.get(), "PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF");
-        copyContent(content, connection.get());
+        copyContent(content, connection.get(), pathOf(connection.get()));
         change(connection.get());
     }
     flush(unfinished);
