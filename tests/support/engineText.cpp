@@ -1,32 +1,11 @@
 #include "support/engineText.h"
 
 #include "platform/ansiText.h"
+#include "support/tsvText.h"
 
-#include <array>
-#include <charconv>
+using tsv::appendEscaped;
 
 namespace {
-
-void appendEscaped(std::string& text, std::string_view value)
-{
-    constexpr std::string_view meant = "\t\r\n\\";
-    constexpr std::string_view written = "trn\\";
-    for (const char letter : value) {
-        const auto at = meant.find(letter);
-        if (at == std::string_view::npos)
-            text += letter;
-        else
-            (text += '\\') += written[at];
-    }
-}
-
-std::string numberText(double number)
-{
-    std::array<char, 400> digits{};
-    const auto end =
-        std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed).ptr;
-    return {digits.data(), end};
-}
 
 std::string momentText(std::string moment)
 {
@@ -37,26 +16,17 @@ std::string momentText(std::string moment)
     return moment;
 }
 
-std::string withDecimals(std::string number, std::size_t count)
-{
-    const auto point = number.find('.');
-    const auto there = point == std::string::npos ? 0 : number.size() - point - 1;
-    if (point == std::string::npos && count > 0)
-        number += '.';
-    return number.append(count > there ? count - there : 0, '0');
-}
-
 std::string valueText(const dao::Value& value, dao::DataType type, std::size_t decimals)
 {
     if (const auto* number = std::get_if<double>(&value.variant()))
-        return numberText(*number);
+        return tsv::shortest(*number);
     switch (type) {
     case dao::DataType::dbBoolean:
         return platform::toLower(value.text());
     case dao::DataType::dbDate:
         return momentText(value.text());
     case dao::DataType::dbDecimal:
-        return withDecimals(value.text(), decimals);
+        return tsv::padded(value.text(), decimals);
     default:
         return value.text();
     }
