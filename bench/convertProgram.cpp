@@ -19,7 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr auto settings = "PRAGMA page_size=4096; PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; "
-                          "PRAGMA locking_mode=EXCLUSIVE; PRAGMA cache_size=-65536; PRAGMA threads=1";
+                          "PRAGMA locking_mode=EXCLUSIVE; PRAGMA cache_size=-32768; PRAGMA threads=1";
 
 // The columns of a question about the finished file.
 std::vector<std::string> answersTo(sqlite3* connection, const std::string& question)
@@ -54,10 +54,10 @@ void copyByFloor(const std::string& finished, const std::string& copy)
 void run(const std::string& task, const fs::path& folder, const std::vector<std::string>& files)
 {
     platform::setUserCacheDirectory(folder);
-    for (const auto& file : files) {
-        if (task == "product")
-            static_cast<void>(dao::cacheOf(file));
-        else
+    if (task == "product") {
+        static_cast<void>(dao::cachesOf(files));
+    } else {
+        for (const auto& file : files)
             copyByFloor(file, (folder / fs::path(file).filename()).string());
     }
     std::printf("%ld\n", childProgram::memoryFigure("VmHWM"));

@@ -112,7 +112,13 @@ void attachFile(sqlite3* connection, const std::string& path, const std::string&
         raiseEngineError(errUnrecognizedFormat, path);
     if (result != SQLITE_DONE)
         throw engineFailure(result, connection, path);
-    requireOwnFile(connection, schema, path);
+    try {
+        requireOwnFile(connection, schema, path);
+    } catch (const platform::RuntimeError&) {
+        // Whoever tries again needs the name.
+        sqlite3_exec(connection, ("DETACH " + schema).c_str(), nullptr, nullptr, nullptr);
+        throw;
+    }
 }
 
 Statement prepare(sqlite3* connection, std::string_view sql)

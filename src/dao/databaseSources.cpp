@@ -17,8 +17,12 @@ void Database::State::openOwnFile(const std::string& file)
     links = std::move(followed.tables);
     m_linkedFiles = std::move(followed.files);
     // Old files wait until they are needed, and those behind them.
-    while (m_openLinkedFiles < m_linkedFiles.size() && !OldFile::isAt(m_linkedFiles[m_openLinkedFiles].path))
-        openLinkedFile(connection, m_linkedFiles[m_openLinkedFiles++]);
+    while (m_openLinkedFiles < m_linkedFiles.size()) {
+        const auto content = contentAt(m_linkedFiles[m_openLinkedFiles].path);
+        if (!content)
+            return;
+        openNextFile(*content);
+    }
 }
 
 void Database::State::openOldFile()
@@ -30,19 +34,64 @@ void Database::State::openOldFile()
     m_linkedFiles = std::move(followed.files);
 }
 
+bool Database::State::isFileWaiting() const
+{
+    return !m_connection || m_openLinkedFiles < m_linkedFiles.size();
+}
+
+// In the order in which they are to be opened.
+std::vector<std::string> Database::State::waitingContents() const
+{
+    std::vector<std::string> contents, old;
+    std::vector<std::size_t> places; // of the old ones
+    const auto add = [&](const std::string& file, const std::optional<std::string>& content) {
+        if (!content) {
+            places.push_back(contents.size());
+            old.push_back(file);
+        }
+        contents.push_back(content.value_or(""));
+    };
+    if (!m_connection)
+        add(path, std::nullopt); // its corrections are not asked for here
+    for (auto file = m_openLinkedFiles; file < m_linkedFiles.size(); ++file)
+        add(m_linkedFiles[file].path, contentAt(m_linkedFiles[file].path));
+    if (old.empty())
+        return contents; // without a look at the cache's folder
+    const auto caches = cachesOf(old);
+    for (std::size_t i = 0; i < caches.size(); ++i)
+        contents[places[i]] = caches[i];
+    return contents;
+}
+
+void Database::State::openNextFile(const std::string& content)
+{
+    if (!m_connection) {
+        m_connection = openConnection(content, true);
+        return;
+    }
+    attachFile(m_connection.get(), content, m_linkedFiles[m_openLinkedFiles].schema);
+    ++m_openLinkedFiles;
+}
+
 void Database::State::openWaitingFiles()
 {
-    while (m_openLinkedFiles < m_linkedFiles.size()) {
-        openLinkedFile(m_connection.get(), m_linkedFiles[m_openLinkedFiles]);
-        ++m_openLinkedFiles;
+    constexpr int mostAttempts = 3;
+    for (int attempt = 1; isFileWaiting(); ++attempt) {
+        const auto contents = waitingContents();
+        try {
+            for (const auto& content : contents)
+                openNextFile(content);
+        } catch (const platform::RuntimeError&) {
+            // Another process may have found a cache to be the oldest one.
+            if (attempt == mostAttempts)
+                throw;
+        }
     }
 }
 
 sqlite3* Database::State::handle()
 {
     ensureOpen();
-    if (!m_connection)
-        m_connection = openCacheOf(path);
     openWaitingFiles();
     return m_connection.get();
 }

@@ -117,6 +117,9 @@ struct Database::State
 private:
     void openOwnFile(const std::string& file);
     void openOldFile();
+    [[nodiscard]] bool isFileWaiting() const;
+    [[nodiscard]] std::vector<std::string> waitingContents() const;
+    void openNextFile(const std::string& content);
     void openWaitingFiles();
     // From an old file to its corrections: those that somebody else has begun, or new ones.
     void followCorrection();

@@ -6,11 +6,13 @@
 #include "dao/fleetingFile.h"
 #include "dao/jetConversion.h"
 #include "dao/jetFailure.h"
+#include "dao/sideBySide.h"
 #include "jet/jetFile.h"
 #include "platform/paths.h"
 
 #include <algorithm>
 #include <fstream>
+#include <numeric>
 #include <vector>
 
 namespace dao {
@@ -178,47 +180,55 @@ void remove(const Entry& entry)
     fs::remove(entry.path, inUse);
 }
 
-void removeLeftovers(const std::vector<Entry>& entries)
+// The cache of an old file, and whether it was made just now.
+struct Cache
 {
-    for (const auto& entry : entries) {
-        if (isLeftover(entry.path, entry.lastUse))
-            remove(entry);
-    }
+    Source source;
+    fs::path path;
+    bool isNew = false;
+};
+
+bool isElderOf(const Entry& entry, const Cache& cache)
+{
+    return entry.path.extension() == suffix && entry.path != cache.path &&
+           entry.path.filename().string().starts_with(beginningOfNames(cache.source));
 }
 
-void removeElder(const std::vector<Entry>& entries, const Source& source, const fs::path& cache)
+void removeOldest(std::vector<Entry> entries, std::uintmax_t total)
 {
-    const auto beginning = beginningOfNames(source);
-    for (const auto& entry : entries) {
-        if (entry.path.extension() == suffix && entry.path != cache &&
-            entry.path.filename().string().starts_with(beginning))
-            remove(entry);
-    }
-}
-
-void removeBeyondLimit(std::vector<Entry> entries, const fs::path& cache)
-{
-    std::erase_if(entries, [](const Entry& entry) { return entry.path.extension() != suffix; });
     std::sort(entries.begin(), entries.end(),
               [](const Entry& left, const Entry& right) { return left.lastUse < right.lastUse; });
-    std::uintmax_t total = 0;
-    for (const auto& entry : entries)
-        total += entry.size;
     for (const auto& entry : entries) {
         if (total <= limit)
             return;
-        if (entry.path == cache)
-            continue;
         remove(entry);
         total -= entry.size;
     }
 }
 
-void cleanUp(const fs::path& folder, const Source& source, const fs::path& cache)
+// Leaves nothing but caches: those asked for, and of the others as many as the limit lets stay.
+void cleanUp(const fs::path& folder, const std::vector<Cache>& asked)
 {
-    removeLeftovers(entriesOf(folder));
-    removeElder(entriesOf(folder), source, cache);
-    removeBeyondLimit(entriesOf(folder), cache);
+    const auto isOneAskedFor = [&asked](const Entry& entry) {
+        return std::any_of(asked.begin(), asked.end(),
+                           [&entry](const Cache& cache) { return entry.path == cache.path; });
+    };
+    const auto isElder = [&asked](const Entry& entry) {
+        return std::any_of(asked.begin(), asked.end(),
+                           [&entry](const Cache& cache) { return isElderOf(entry, cache); });
+    };
+    std::vector<Entry> others;
+    std::uintmax_t total = 0;
+    for (auto& entry : entriesOf(folder)) {
+        if (isLeftover(entry.path, entry.lastUse) || isElder(entry)) {
+            remove(entry);
+        } else if (entry.path.extension() == suffix) {
+            total += entry.size;
+            if (!isOneAskedFor(entry))
+                others.push_back(std::move(entry));
+        }
+    }
+    removeOldest(std::move(others), total);
 }
 
 Source sourceAt(const std::string& path)
@@ -231,39 +241,62 @@ Source sourceAt(const std::string& path)
             withEngineFailures(path, [&] { return file.stamp(); })};
 }
 
-} // namespace
-
-std::string cacheOf(const std::string& path)
+Cache readyCache(const fs::path& folder, const std::string& path)
 {
-    const auto folder = readyFolder();
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         const auto source = sourceAt(path);
         const auto cache = folder / nameOf(source);
         if (isCacheOf(cache, source)) {
             std::error_code ignored; // it counts as older than it is
             fs::last_write_time(cache, fs::file_time_type::clock::now(), ignored);
-            return platform::utf8Path(cache);
+            return {source, cache};
         }
-        if (build(path, source, cache)) {
-            cleanUp(folder, source, cache);
-            return platform::utf8Path(cache);
-        }
+        if (build(path, source, cache))
+            return {source, cache, true};
     }
     raiseEngineError(errFileInUse, path);
 }
 
-Connection openCacheOf(const std::string& path)
+std::uintmax_t sizeAt(const std::string& path)
 {
-    for (int attempt = 1;; ++attempt) {
-        const auto cache = cacheOf(path);
-        try {
-            return openConnection(cache, true);
-        } catch (const platform::RuntimeError&) {
-            // Another process may have found it the oldest one.
-            if (attempt == mostAttempts)
-                throw;
-        }
-    }
+    std::error_code ignored;
+    return fs::file_size(platform::hostPath(path), ignored);
+}
+
+// Whatever takes longest begins first.
+std::vector<std::size_t> placesBySize(const std::vector<std::string>& paths)
+{
+    std::vector<std::uintmax_t> sizes;
+    for (const auto& path : paths)
+        sizes.push_back(sizeAt(path));
+    std::vector<std::size_t> places(paths.size());
+    std::iota(places.begin(), places.end(), std::size_t{0});
+    std::stable_sort(places.begin(), places.end(),
+                     [&sizes](std::size_t left, std::size_t right) { return sizes[left] > sizes[right]; });
+    return places;
+}
+
+} // namespace
+
+std::vector<std::string> cachesOf(const std::vector<std::string>& paths)
+{
+    const auto folder = readyFolder();
+    const auto places = placesBySize(paths);
+    std::vector<Cache> caches(paths.size());
+    sideBySide(paths.size(), [&](std::size_t number) {
+        caches[places[number]] = readyCache(folder, paths[places[number]]);
+    });
+    if (std::any_of(caches.begin(), caches.end(), [](const Cache& cache) { return cache.isNew; }))
+        cleanUp(folder, caches);
+    std::vector<std::string> files;
+    for (const auto& cache : caches)
+        files.push_back(platform::utf8Path(cache.path));
+    return files;
+}
+
+std::string cacheOf(const std::string& path)
+{
+    return cachesOf({path}).front();
 }
 
 jet::Stamp stampOfCache(sqlite3* cache)

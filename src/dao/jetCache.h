@@ -1,14 +1,16 @@
 #pragma once
 
-#include "dao/connection.h"
 #include "jet/jetFile.h"
 
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 // The content of old files as files of the engine, kept in the user's cache directory from one use to the
 // next.
+struct sqlite3;
+
 namespace dao {
 
 // The path of the file with the content of an old file as it stands now; it is made when there is none. It is
@@ -17,18 +19,20 @@ namespace dao {
 // 3049 when it is damaged, 3051 when the cache can't be written.
 [[nodiscard]] std::string cacheOf(const std::string& path);
 
-// Opens it. Throws the same.
-[[nodiscard]] Connection openCacheOf(const std::string& path);
+// The same for several old files; those that are to be made are made at the same time. None of them makes
+// another one go. Throws the failure of one of them.
+[[nodiscard]] std::vector<std::string> cachesOf(const std::vector<std::string>& paths);
 
 // What the old file was when the cache that is open was made of it.
 [[nodiscard]] jet::Stamp stampOfCache(sqlite3* cache);
 
-// How many bytes the files may take together; the oldest go first, never the one just asked for.
+// How many bytes the files may take together; the oldest go first, never those just asked for.
 inline constexpr std::uintmax_t usualCacheLimit = std::uintmax_t{8} << 30U;
 void setCacheLimit(std::uintmax_t bytes);
 
 // What is to be done each time an old file has been read and before it is looked whether it has changed
-// meanwhile; nothing when empty.
+// meanwhile; nothing when empty. It is done on the thread that has read the file: for several files at the
+// same time.
 void setConversionWatcher(std::function<void()> watcher);
 
 } // namespace dao

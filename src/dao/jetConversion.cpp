@@ -25,7 +25,7 @@ using platform::equalNoCase;
 // Nobody else looks at the file before it is whole, and a half one is thrown away. Sorting for an index takes
 // as much memory as the cache of pages has, once for each thread.
 constexpr auto settings = "PRAGMA page_size=4096; PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; "
-                          "PRAGMA locking_mode=EXCLUSIVE; PRAGMA cache_size=-65536; PRAGMA threads=1; "
+                          "PRAGMA locking_mode=EXCLUSIVE; PRAGMA cache_size=-32768; PRAGMA threads=1; "
                           "PRAGMA trusted_schema=OFF";
 
 // Inserts rows of an old table as they come.

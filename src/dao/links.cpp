@@ -124,9 +124,4 @@ FollowedLinks followLinks(const std::vector<Link>& links, const std::string& pat
     return {std::move(tables), files.take()};
 }
 
-void openLinkedFile(sqlite3* connection, const LinkedFile& file)
-{
-    attachFile(connection, contentOf(file.path), file.schema);
-}
-
 } // namespace dao

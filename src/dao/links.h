@@ -7,8 +7,6 @@
 #include <string_view>
 #include <vector>
 
-struct sqlite3;
-
 // Tables of other files under names of this one.
 namespace dao {
 
@@ -38,8 +36,5 @@ struct FollowedLinks
 // whether each table is there. Throws what OpenDatabase throws, and 3035 for too many files.
 [[nodiscard]] FollowedLinks followLinks(const std::vector<Link>& links, const std::string& path,
                                         const std::function<bool(const std::string& name)>& isOwnTable);
-
-// Opens the file beneath the connection. Old files are read whole for it when they were not yet.
-void openLinkedFile(sqlite3* connection, const LinkedFile& file);
 
 } // namespace dao

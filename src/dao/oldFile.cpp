@@ -70,11 +70,17 @@ platform::LocalTime OldFile::lastUpdated(ObjectKind kind, std::string_view name)
     return lastChange(*entry);
 }
 
-std::string contentOf(const std::string& path)
+std::optional<std::string> contentAt(const std::string& path)
 {
     if (auto correction = correctionOf(path); !correction.empty())
         return correction;
-    return OldFile::isAt(path) ? cacheOf(path) : path;
+    return OldFile::isAt(path) ? std::nullopt : std::optional(path);
+}
+
+std::string contentOf(const std::string& path)
+{
+    const auto content = contentAt(path);
+    return content ? *content : cacheOf(path);
 }
 
 } // namespace dao

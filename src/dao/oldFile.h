@@ -35,8 +35,11 @@ private:
     jet::File m_file;
 };
 
-// The file of the engine that holds what stands at the path: that file itself, the corrections of an old one,
-// or else a cache of it, which may go with the next call.
+// The file of the engine that holds what stands at the path: that file itself, or the corrections of an old
+// one; nothing when the content of an old one has to be read for it.
+[[nodiscard]] std::optional<std::string> contentAt(const std::string& path);
+
+// The same, or else a cache of the old file, which may go with the next call.
 [[nodiscard]] std::string contentOf(const std::string& path);
 
 } // namespace dao

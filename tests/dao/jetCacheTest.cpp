@@ -10,7 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <condition_variable>
 #include <fstream>
+#include <mutex>
 #include <thread>
 
 #ifndef _WIN32
@@ -218,6 +220,54 @@ TEST_F(JetCache, GivesWayToTheLimitTheOneThatWasUsedLeastLatelyFirst)
     dao::setCacheLimit(1);
     EXPECT_TRUE(fs::exists(dao::cacheOf(words("d.mdb", 500))));
     EXPECT_EQ(filesInCache(), 1U);
+}
+
+TEST_F(JetCache, OfASetIsMadeForAllItsFilesAtTheSameTime)
+{
+    std::mutex guard;
+    std::condition_variable changed;
+    int arrived = 0;
+    int met = 0;
+    dao::setConversionWatcher([&] {
+        std::unique_lock lock(guard);
+        ++arrived;
+        changed.notify_all();
+        met += changed.wait_for(lock, 60s, [&] { return arrived == 2; }) ? 1 : 0;
+    });
+    const auto caches = dao::cachesOf({words("a.mdb", 3), words("b.mdb", 700)});
+    EXPECT_EQ(met, 2);
+    ASSERT_EQ(caches.size(), 2U);
+    EXPECT_EQ(rowsIn(caches[0]), 3);
+    EXPECT_EQ(rowsIn(caches[1]), 700);
+}
+
+TEST_F(JetCache, OfASetStaysWholeBeyondTheLimitAndDrivesOthersOut)
+{
+    const auto other = dao::cacheOf(words("other.mdb", 500));
+    dao::setCacheLimit(1);
+    const auto a = words("a.mdb", 500);
+    const auto caches = dao::cachesOf({a, words("b.mdb", 500), words("c.mdb", 500)});
+    for (const auto& cache : caches)
+        EXPECT_TRUE(fs::exists(cache));
+    EXPECT_FALSE(fs::exists(other));
+    EXPECT_EQ(filesInCache(), 3U);
+    static_cast<void>(words("a.mdb", 501));
+    EXPECT_EQ(rowsIn(dao::cachesOf({folder.file("c.mdb"), a}).back()), 501);
+    EXPECT_EQ(filesInCache(), 2U);
+}
+
+TEST_F(JetCache, OfASetIsMadeForTheOthersWhenOneIsDamaged)
+{
+    const auto file = words("a.mdb", 2000);
+    const auto whole = folder.read("a.mdb");
+    overwrite(file, whole.substr(0, whole.size() - 4 * 2048));
+    const auto good = words("b.mdb", 3);
+    EXPECT_FAILURE(3049, static_cast<void>(dao::cachesOf({file, good})));
+    EXPECT_EQ(filesInCache(), 1U);
+    int conversions = 0;
+    dao::setConversionWatcher([&] { ++conversions; });
+    EXPECT_EQ(rowsIn(dao::cacheOf(good)), 3);
+    EXPECT_EQ(conversions, 0);
 }
 
 TEST_F(JetCache, LeavesNothingHalfBuiltOnAFullDisk)

@@ -1,0 +1,72 @@
+#include "dao/sideBySide.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+std::string failureOf(std::size_t count, const std::function<void(std::size_t)>& action)
+{
+    try {
+        dao::sideBySide(count, action);
+    } catch (const std::runtime_error& failure) {
+        return failure.what();
+    }
+    return {};
+}
+
+} // namespace
+
+TEST(SideBySide, DoesEachNumberOnce)
+{
+    for (const std::size_t count : {0U, 1U, 2U, 5U, 100U}) {
+        std::vector<std::atomic<int>> times(count);
+        dao::sideBySide(count, [&](std::size_t number) { ++times[number]; });
+        for (const auto& time : times)
+            EXPECT_EQ(time, 1);
+    }
+}
+
+TEST(SideBySide, HasTwoUnderWayAtTheSameTime)
+{
+    std::mutex guard;
+    std::condition_variable changed;
+    int arrived = 0;
+    std::atomic<int> met = 0;
+    dao::sideBySide(2, [&](std::size_t) {
+        std::unique_lock lock(guard);
+        ++arrived;
+        changed.notify_all();
+        met += changed.wait_for(lock, 60s, [&] { return arrived == 2; }) ? 1 : 0;
+    });
+    EXPECT_EQ(met, 2);
+}
+
+TEST(SideBySide, DoesTheOtherNumbersAfterAFailureAndTellsTheFirstOne)
+{
+    std::atomic<int> done = 0;
+    EXPECT_EQ(failureOf(20,
+                        [&](std::size_t number) {
+                            ++done;
+                            if (number == 7 || number == 3 || number == 12)
+                                throw std::runtime_error(std::to_string(number));
+                        }),
+              "3");
+    EXPECT_EQ(done, 20);
+}
+
+TEST(SideBySide, WithOneNumberStaysOnTheThreadOfTheCaller)
+{
+    std::thread::id thread;
+    dao::sideBySide(1, [&](std::size_t) { thread = std::this_thread::get_id(); });
+    EXPECT_EQ(thread, std::this_thread::get_id());
+}
