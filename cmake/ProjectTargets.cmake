@@ -27,12 +27,23 @@ if(ZEPH_FUZZ)
   target_link_options(zeph_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# zeph_precompile_headers(NAME OWNER HEADERS...): the first target of a kind makes the headers ready, the others use
+# what it has made. All of them have to be compiled alike.
+function(zeph_precompile_headers name owner)
+  if(name STREQUAL owner)
+    target_precompile_headers(${name} PRIVATE ${ARGN})
+  else()
+    target_precompile_headers(${name} REUSE_FROM ${owner})
+  endif()
+endfunction()
+
 # add_zeph_library(NAME SOURCES... [LINK libraries...])
 function(add_zeph_library name)
   cmake_parse_arguments(arg "" "" "LINK" ${ARGN})
   add_library(${name} STATIC ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PUBLIC zeph_options ${arg_LINK})
-  target_precompile_headers(${name} PRIVATE <array> <cstdint> <functional> <memory> <string> <string_view> <vector>)
+  zeph_precompile_headers(${name} zeph_platform
+    <array> <cstdint> <functional> <memory> <string> <string_view> <vector>)
 endfunction()
 
 # add_zeph_qt_library(NAME SOURCES... [LINK libraries...]): a library of windows; the headers stand among the
@@ -42,16 +53,27 @@ function(add_zeph_qt_library name)
   add_library(${name} STATIC ${arg_UNPARSED_ARGUMENTS})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PUBLIC zeph_options Qt6::Widgets ${arg_LINK})
-  target_precompile_headers(${name} PRIVATE <QtWidgets> <functional> <memory> <string>)
+  zeph_precompile_headers(${name} zeph_widgets <QtWidgets> <functional> <memory> <string>)
 endfunction()
 
-# add_zeph_test(NAME SOURCES... [LINK libraries...]): a GoogleTest program, each of whose tests CTest knows by name.
-function(add_zeph_test name)
+# add_zeph_test_program(NAME SOURCES... [LINK libraries...]): a GoogleTest program. The owner of its headers depends
+# on whether it is one of windows.
+function(add_zeph_test_program name)
   cmake_parse_arguments(arg "" "" "LINK" ${ARGN})
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PRIVATE zeph_options zeph_test_cache zeph_test_support ${arg_LINK})
   target_compile_definitions(${name} PRIVATE
     ZEPH_DATA_DIR="${CMAKE_SOURCE_DIR}/data" ZEPH_TEST_DIR="${CMAKE_SOURCE_DIR}/tests")
-  target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <string> <vector> <filesystem>)
+  set(headers <gtest/gtest.h> <string> <vector> <filesystem>)
+  if("zeph_qt_test_support" IN_LIST arg_LINK)
+    zeph_precompile_headers(${name} widgets_test ${headers} <QTest> <QtWidgets>)
+  else()
+    zeph_precompile_headers(${name} platform_test ${headers})
+  endif()
+endfunction()
+
+# add_zeph_test(NAME SOURCES... [LINK libraries...]): the same, each of whose tests CTest knows by name.
+function(add_zeph_test name)
+  add_zeph_test_program(${name} ${ARGN})
   gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)
 endfunction()
