@@ -2,7 +2,7 @@
 
 #include "load/checkTarget.h"
 #include "loadFixture.h"
-#include "referenceSet.h"
+#include "support/referenceSet.h"
 
 // A working database with a reference set beside it.
 class CheckFixture : public LoadFixture

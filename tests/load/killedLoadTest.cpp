@@ -2,19 +2,11 @@
 // of the same file is right. ZEPH_KILLS sets how often.
 #ifndef _WIN32
 
+#include "killedProgram.h"
 #include "loadFixture.h"
-
-#include "platform/paths.h"
 
 #include <algorithm>
 #include <array>
-#include <chrono>
-#include <csignal>
-#include <cstdlib>
-#include <random>
-#include <sys/wait.h>
-#include <thread>
-#include <unistd.h>
 
 namespace {
 
@@ -46,43 +38,11 @@ protected:
         file = work.folder().write("many.txt", text);
     }
 
-    // Starts a load into a fresh copy and kills it a moment after it has told of so many notices; gives the
-    // number of the notice that was told last. The load can't run far ahead: what it tells goes through a
-    // pipe.
-    int loadAndKill(int toldBefore, std::chrono::microseconds moment, bool torn)
+    // Kills a load into a fresh copy; gives the number of the notice that it told last.
+    int loadAndKill(int toldBefore, bool torn)
     {
         MainModule::copyMasterDatabase(work.path());
-        std::array<int, 2> told{};
-        EXPECT_EQ(pipe(told.data()), 0);
-        const auto program = platform::programDirectory() + "/killable_load";
-        const pid_t child = fork();
-        if (child == 0) {
-            dup2(told[1], STDOUT_FILENO);
-            close(told[0]);
-            execl(program.c_str(), program.c_str(), file.c_str(), work.path().c_str(),
-                  torn ? "torn" : nullptr, nullptr);
-            _exit(127);
-        }
-        close(told[1]);
-        std::string lines;
-        const auto readSome = [&] {
-            std::array<char, 4096> chunk{};
-            const auto length = ::read(told[0], chunk.data(), chunk.size());
-            lines.append(chunk.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
-            return length > 0;
-        };
-        while (std::count(lines.begin(), lines.end(), '\n') < toldBefore && readSome())
-            ;
-        std::this_thread::sleep_for(moment);
-        kill(child, SIGKILL);
-        while (readSome())
-            ;
-        close(told[0]);
-        int status = 0;
-        waitpid(child, &status, 0);
-        EXPECT_TRUE(WIFSIGNALED(status)) << "the load ended before it was killed";
-        const auto last = lines.rfind("Notice No: ", lines.rfind('\n'));
-        return last == std::string::npos ? 0 : std::atoi(lines.c_str() + last + 11);
+        return program.runAndKill({file, work.path()}, toldBefore, torn);
     }
 
     // The load of the same file over whatever the killed one left.
@@ -108,25 +68,16 @@ protected:
         return true;
     }
 
-    static int kills()
-    {
-        const char* given = std::getenv("ZEPH_KILLS");
-        return given != nullptr ? std::atoi(given) : 20;
-    }
-
-    int randomNumber(int first, int last) { return std::uniform_int_distribution(first, last)(random); }
-    std::chrono::microseconds randomMoment() { return std::chrono::microseconds(randomNumber(0, 3000)); }
-
     std::string file;
-    std::mt19937 random{std::random_device{}()};
+    KilledProgram program{"killable_load"};
 };
 
 } // namespace
 
 TEST_F(KilledLoad, LosesNoCommittedNoticeAndLeavesNoHalfOne)
 {
-    for (int round = 0; round < kills(); ++round) {
-        const int told = loadAndKill(randomNumber(0, noticesInTheFile - 2000), randomMoment(), false);
+    for (int round = 0; round < KilledProgram::kills(); ++round) {
+        const int told = loadAndKill(program.randomNumber(0, noticesInTheFile - 2000), false);
         if (round % 5 == 4) {
             loadAgain(); // over the file as it was left, before anybody has looked at it
             continue;
@@ -146,7 +97,7 @@ TEST_F(KilledLoad, WithoutTransactionsAHalfNoticeIsSeen)
 {
     bool torn = false;
     for (int round = 0; round < 50 && !torn; ++round) {
-        loadAndKill(randomNumber(1, 2000), randomMoment(), true);
+        loadAndKill(program.randomNumber(1, 2000), true);
         torn = !allWhole();
     }
     EXPECT_TRUE(torn);

@@ -3,9 +3,9 @@
 #include "model/session.h"
 #include "platform/hostFormat.h"
 #include "platform/paths.h"
-#include "referenceSet.h"
 #include "support/failures.h"
 #include "support/fakeHost.h"
+#include "support/referenceSet.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,6 +1,5 @@
 // The commands of the reference databases: the link, their indexes, the check of site names.
 #include "db/writeNtcToDB.h"
-#include "load/referenceSet.h"
 #include "mainscreen/errorMsg.h"
 #include "mainscreen/frmWaiting.h"
 #include "mainscreen/noticeListView.h"
@@ -9,6 +8,7 @@
 #include "mainscreen/selectIndexDlg.h"
 #include "model/session.h"
 #include "support/noticeBuilder.h"
+#include "support/referenceSet.h"
 #include "support/windows.h"
 #include "support/workingDatabase.h"
 

@@ -1,4 +1,4 @@
-#include "referenceSet.h"
+#include "support/referenceSet.h"
 
 #include "dao/databaseFile.h"
 #include "db/recordsets.h"
