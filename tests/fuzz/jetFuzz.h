@@ -1,10 +1,10 @@
 #pragma once
 
+#include "fuzz/fuzzFile.h"
 #include "jet/jetFile.h"
 
 #include <cstddef>
 #include <filesystem>
-#include <fstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -135,19 +135,10 @@ inline Seen readEverything(const std::filesystem::path& path)
     return seen;
 }
 
-inline void writeBytes(const std::filesystem::path& path, std::string_view bytes)
-{
-    std::ofstream stream(path, std::ios::binary | std::ios::trunc);
-    stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    stream.close();
-    if (!stream)
-        throw std::runtime_error("the file of the fuzzer can't be written");
-}
-
 // `path` is a file of the caller's, overwritten.
 inline Seen run(const std::filesystem::path& path, std::string_view bytes)
 {
-    writeBytes(path, bytes);
+    fuzzFile::write(path, bytes);
     return readEverything(path);
 }
 

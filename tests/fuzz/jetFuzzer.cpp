@@ -4,34 +4,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <random>
-#include <string>
 
 namespace {
-
-// A file of this process alone, in memory where the host has such a folder.
-std::string fuzzFile()
-{
-    namespace fs = std::filesystem;
-    const fs::path memory = "/dev/shm";
-    const auto folder = fs::is_directory(memory) ? memory : fs::temp_directory_path();
-    return (folder / ("jetFuzzer-" + std::to_string(std::random_device()()))).string();
-}
-
-struct RemovedAtEnd
-{
-    RemovedAtEnd() : path(fuzzFile()) {}
-    ~RemovedAtEnd()
-    {
-        std::error_code ignored;
-        std::filesystem::remove(path, ignored);
-    }
-    RemovedAtEnd(const RemovedAtEnd&) = delete;
-    RemovedAtEnd& operator=(const RemovedAtEnd&) = delete;
-
-    std::string path;
-};
 
 // Numbers where the pages keep theirs, for the library alone seldom hits the few that matter.
 class PageMutator
@@ -111,7 +86,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static const RemovedAtEnd file;
+    static const fuzzFile::RemovedAtEnd file("jetFuzzer");
     jetFuzz::run(file.path, {reinterpret_cast<const char*>(data), size});
     return 0;
 }

@@ -2,13 +2,13 @@
 
 #include "elect/noticeLoop.h"
 #include "elect/writeOneNtcElect.h"
+#include "fuzz/fuzzFile.h"
 #include "platform/ansiText.h"
 #include "platform/fileNumbers.h"
 #include "platform/runtimeError.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <fstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -24,15 +24,6 @@ inline bool isExpected(const platform::RuntimeError& failure)
            failure.number == platform::errSubscript || failure.number == platform::errInputPastEnd;
 }
 
-inline void writeBytes(const std::string& path, std::string_view bytes)
-{
-    std::ofstream stream(path, std::ios::binary | std::ios::trunc);
-    stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    stream.close();
-    if (!stream)
-        throw std::runtime_error("the file of the fuzzer can't be written");
-}
-
 // The text of each notice of the file, up to the failure that stops the reader, if any. A notice whose date
 // can't be written is left out.
 inline std::vector<std::string> blocksOf(const std::string& path, std::string_view bytes)
@@ -40,7 +31,7 @@ inline std::vector<std::string> blocksOf(const std::string& path, std::string_vi
     static Ntc ntc; // its size would be too much for some stacks
     ntc.adm.clear();
     std::vector<std::string> blocks;
-    writeBytes(path, bytes);
+    fuzzFile::write(path, bytes);
     platform::openForInput(1, path);
     try {
         walkNotices(ntc, [&](const Ntc& read) {

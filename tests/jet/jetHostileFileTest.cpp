@@ -1,5 +1,6 @@
 // Files that are none, that are cut, that change under the reader's hands, that would keep it busy for ever,
 // and thousands with bytes changed at random.
+#include "fuzz/fuzzFile.h"
 #include "fuzz/jetFuzz.h"
 #include "jet/victim.h"
 
@@ -200,7 +201,7 @@ TEST_P(HostileFile, ThatIsOverwrittenWhileItIsReadGivesRowsOrAnError)
     auto rows = file.rows(table);
     ASSERT_TRUE(rows.next());
     const auto other = GetParam() == Version::Jet3 ? Version::Jet4 : Version::Jet3;
-    jetFuzz::writeBytes(path, Victim(other).bytes);
+    fuzzFile::write(path, Victim(other).bytes);
     jetFuzz::Seen seen;
     try {
         while (rows.next())
