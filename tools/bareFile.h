@@ -33,7 +33,8 @@ inline Connection open(const std::string& path)
     sqlite3* handle = nullptr;
     const int result = sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE, nullptr);
     Connection connection(handle);
-    check(result == SQLITE_OK, handle);
+    if (result != SQLITE_OK)
+        throw std::runtime_error(path + ": " + sqlite3_errmsg(handle));
     return connection;
 }
 

@@ -23,65 +23,6 @@ constexpr const char* assignmentFile = "VELDAKVR3.mdb";
 // The file that is picked comes last: where it stands, the others stand too.
 constexpr std::array files = {assignmentFile, pointFile, siteFile};
 
-constexpr const char* assignmentSchema = R"(
-CREATE TABLE kvr_velda (
-    veldakey   INTEGER PRIMARY KEY,
-    fragment   TEXT COLLATE NOCASE,
-    adm        TEXT COLLATE NOCASE,
-    addr_code  TEXT COLLATE NOCASE,
-    freq_assgn DOUBLE,
-    op_hh_fr   INTEGER,
-    op_hh_to   INTEGER,
-    stn_cls    TEXT COLLATE NOCASE,
-    op_cls     TEXT COLLATE NOCASE,
-    emi_cls    TEXT COLLATE NOCASE,
-    bdwdth_cde TEXT COLLATE NOCASE,
-    freq_carr  TEXT COLLATE NOCASE,
-    d_inuse    TEXT COLLATE NOCASE,
-    d_adm_ntc  TEXT COLLATE NOCASE,
-    notice_typ TEXT COLLATE NOCASE,
-    stn_id     TEXT COLLATE NOCASE,
-    stn_type   TEXT COLLATE NOCASE,
-    intent     TEXT COLLATE NOCASE,
-    prov       TEXT COLLATE NOCASE,
-    adm_ref_id TEXT COLLATE NOCASE,
-    is_resub   TEXT COLLATE NOCASE,
-    band_pref  TEXT COLLATE NOCASE,
-    freq_dev   TEXT COLLATE NOCASE,
-    energy_dsp TEXT COLLATE NOCASE,
-    src_update TEXT COLLATE NOCASE,
-    d_updated  TEXT COLLATE NOCASE,
-    d_rcv      TEXT COLLATE NOCASE,
-    geo_key    INTEGER,
-    target     INTEGER,
-    is_notice  TEXT COLLATE NOCASE
-))";
-
-constexpr const char* siteSchema = R"(
-CREATE TABLE kvr_geo (
-    geo_key   INTEGER PRIMARY KEY,
-    geo_type  TEXT COLLATE NOCASE,
-    ctry      TEXT COLLATE NOCASE,
-    site_name TEXT COLLATE NOCASE,
-    zone_id   TEXT COLLATE NOCASE,
-    radius    TEXT COLLATE NOCASE
-))";
-
-constexpr const char* pointSchema = R"(
-CREATE TABLE kvr_geo_pt (
-    geo_key  INTEGER,
-    geo_pt   SMALLINT,
-    long_deg INTEGER,
-    long_min INTEGER,
-    long_sec INTEGER,
-    long_ew  TEXT COLLATE NOCASE,
-    lat_deg  INTEGER,
-    lat_min  INTEGER,
-    lat_sec  INTEGER,
-    lat_ns   TEXT COLLATE NOCASE,
-    site_alt TEXT COLLATE NOCASE
-))";
-
 constexpr const char* plainPointIndex = "CREATE INDEX geo_pt_site ON kvr_geo_pt (geo_key, geo_pt)";
 constexpr const char* geoIndex =
     "CREATE INDEX GeoIndex ON kvr_geo_pt (geo_key, long_deg, long_min, long_sec, "
@@ -93,6 +34,16 @@ constexpr const char* veldaIndex =
 std::string inFolder(const fs::path& folder, const char* file)
 {
     return platform::utf8Path(folder / file);
+}
+
+// A table as the master database has it, but for its indexes.
+std::string definitionOf(const std::string& table)
+{
+    const auto master = bareFile::open(platform::programDirectory() + "/MasterKVR_QRS.mdb");
+    Statement definition(master.get(), "SELECT sql FROM sqlite_schema WHERE name = '" + table + "'");
+    if (!definition.step())
+        throw std::runtime_error("the master database has no table " + table);
+    return definition.text(0);
 }
 
 std::string insertInto(const std::string& table, int columns)
@@ -108,9 +59,9 @@ std::string insertInto(const std::string& table, int columns)
 class Table
 {
 public:
-    Table(const std::string& path, const char* schema, const std::string& name, int columns)
+    Table(const std::string& path, const std::string& name, int columns)
     {
-        dao::createDatabaseFile(path, schema);
+        dao::createDatabaseFile(path, definitionOf(name));
         m_connection = bareFile::open(path);
         bareFile::execute(
             m_connection.get(),
@@ -132,9 +83,9 @@ class Files
 {
 public:
     explicit Files(const fs::path& folder)
-        : m_assignments(inFolder(folder, assignmentFile), assignmentSchema, "kvr_velda", 30),
-          m_points(inFolder(folder, pointFile), pointSchema, "kvr_geo_pt", 11),
-          m_sites(inFolder(folder, siteFile), siteSchema, "kvr_geo", 6)
+        : m_assignments(inFolder(folder, assignmentFile), "kvr_velda", 30),
+          m_points(inFolder(folder, pointFile), "kvr_geo_pt", 11),
+          m_sites(inFolder(folder, siteFile), "kvr_geo", 6)
     {}
 
     void put(const Assignment& row)
