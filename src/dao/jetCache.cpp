@@ -11,6 +11,7 @@
 #include "platform/paths.h"
 
 #include <algorithm>
+#include <chrono>
 #include <fstream>
 #include <numeric>
 #include <vector>
@@ -28,6 +29,7 @@ constexpr auto suffix = ".db";
 
 std::uintmax_t limit = usualCacheLimit;
 std::function<void()> watcherOfConversions;
+ReadingSign usualSign;
 
 // The old file that a cache was made of, as it stood then.
 struct Source
@@ -276,6 +278,40 @@ std::vector<std::size_t> placesBySize(const std::vector<std::string>& paths)
     return places;
 }
 
+// Tells that these files are being read once that takes a while.
+class Telling
+{
+public:
+    explicit Telling(const std::vector<std::string>& paths) : m_paths(paths), m_sign(usualSign) {}
+    ~Telling()
+    {
+        if (m_isShown)
+            m_sign.hide();
+    }
+    Telling(const Telling&) = delete;
+    Telling& operator=(const Telling&) = delete;
+
+    std::function<void()> meanwhile()
+    {
+        return m_sign.show ? [this] { goOn(); } : std::function<void()>();
+    }
+
+private:
+    void goOn()
+    {
+        constexpr auto patience = std::chrono::seconds(1);
+        if (std::chrono::steady_clock::now() - m_begin < patience)
+            return;
+        m_isShown = true;
+        m_sign.show(m_paths);
+    }
+
+    const std::vector<std::string>& m_paths;
+    ReadingSign m_sign;
+    std::chrono::steady_clock::time_point m_begin = std::chrono::steady_clock::now();
+    bool m_isShown = false;
+};
+
 } // namespace
 
 std::vector<std::string> cachesOf(const std::vector<std::string>& paths)
@@ -283,9 +319,11 @@ std::vector<std::string> cachesOf(const std::vector<std::string>& paths)
     const auto folder = readyFolder();
     const auto places = placesBySize(paths);
     std::vector<Cache> caches(paths.size());
-    sideBySide(paths.size(), [&](std::size_t number) {
-        caches[places[number]] = readyCache(folder, paths[places[number]]);
-    });
+    Telling telling(paths);
+    sideBySide(
+        paths.size(),
+        [&](std::size_t number) { caches[places[number]] = readyCache(folder, paths[places[number]]); },
+        telling.meanwhile());
     if (std::any_of(caches.begin(), caches.end(), [](const Cache& cache) { return cache.isNew; }))
         cleanUp(folder, caches);
     std::vector<std::string> files;
@@ -315,6 +353,11 @@ jet::Stamp stampOfCache(sqlite3* cache)
 void setCacheLimit(std::uintmax_t bytes)
 {
     limit = bytes;
+}
+
+void setReadingSign(ReadingSign sign)
+{
+    usualSign = std::move(sign);
 }
 
 void setConversionWatcher(std::function<void()> watcher)

@@ -30,6 +30,17 @@ namespace dao {
 inline constexpr std::uintmax_t usualCacheLimit = std::uintmax_t{8} << 30U;
 void setCacheLimit(std::uintmax_t bytes);
 
+// How somebody who waits for old files to be read is told of it: `show` is called again and again meanwhile,
+// but not for those that take no time, and `hide` after the last of them. Both are called on the thread that
+// asked for the files, and the files are then read on others. They must not ask for an old file, and `hide`
+// must not throw.
+struct ReadingSign
+{
+    std::function<void(const std::vector<std::string>& paths)> show;
+    std::function<void()> hide;
+};
+void setReadingSign(ReadingSign sign); // two empty functions: nobody is told
+
 // What is to be done each time an old file has been read and before it is looked whether it has changed
 // meanwhile; nothing when empty. It is done on the thread that has read the file: for several files at the
 // same time.

@@ -1,7 +1,9 @@
 #include "mainscreen/qtHost.h"
 
+#include "dao/jetCache.h"
 #include "mainscreen/errorMsg.h"
 #include "mainscreen/frmWaiting.h"
+#include "mainscreen/readingWindow.h"
 #include "widgets/application.h"
 
 #include <QApplication>
@@ -135,11 +137,14 @@ void printOn(QPrinter& printer, const platform::Picture& picture)
 QtHost::QtHost()
 {
     platform::setHost(this);
+    dao::setReadingSign(
+        {[this](const std::vector<std::string>& paths) { showReading(paths); }, [this] { hideReading(); }});
 }
 
 QtHost::~QtHost()
 {
     unloadErrorMsg();
+    dao::setReadingSign({});
     platform::setHost(nullptr);
 }
 
@@ -281,6 +286,32 @@ void QtHost::paintWaiting()
 void QtHost::closeWaiting()
 {
     delete m_waiting.data();
+}
+
+void QtHost::showReading(const std::vector<std::string>& paths)
+{
+    if (m_reading) {
+        workOffPainting();
+        return;
+    }
+    QStringList names;
+    for (const auto& path : paths)
+        names.append(QFileInfo(QString::fromStdString(path)).fileName());
+    m_activeBeforeReading = QApplication::activeWindow();
+    auto* const front = windowInFront();
+    m_reading = new ReadingWindow(names, front);
+    m_reading->adjustSize();
+    if (front != nullptr)
+        m_reading->move(front->frameGeometry().center() - m_reading->rect().center());
+    bringUp(*m_reading);
+}
+
+void QtHost::hideReading()
+{
+    delete m_reading.data();
+    // Not each window system gives it back.
+    if (m_activeBeforeReading)
+        m_activeBeforeReading->activateWindow();
 }
 
 void QtHost::workOffPainting()

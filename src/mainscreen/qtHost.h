@@ -6,6 +6,9 @@
 #include <QPointer>
 #include <QString>
 
+#include <string>
+#include <vector>
+
 class QObject;
 class QPrinter;
 class QWidget;
@@ -14,6 +17,7 @@ namespace mainscreen {
 
 class ErrorMsg;
 class FrmWaiting;
+class ReadingWindow;
 
 // Puts the picture on one landscape page, scaled to it with its aspect kept. Throws RuntimeError 482.
 void printOn(QPrinter& printer, const platform::Picture& picture);
@@ -61,13 +65,17 @@ protected:
 private:
     void bringUp(QWidget& window);
     void showReachedLine();
+    void showReading(const std::vector<std::string>& paths);
+    void hideReading();
 
     int m_pointer = platform::pointerDefault;
     QString m_folder;               // of the file picked last; empty before the first
     QPointer<ErrorMsg> m_errorMsg;  // goes with the window that it was loaded over, at the latest
     QPointer<FrmWaiting> m_waiting; // likewise
-    int m_reachedLine = noLine;     // of the check, not yet shown
-    QElapsedTimer m_sinceShown;     // the line reached; invalid before the first of a check
+    QPointer<ReadingWindow> m_reading;
+    QPointer<QWidget> m_activeBeforeReading;
+    int m_reachedLine = noLine; // of the check, not yet shown
+    QElapsedTimer m_sinceShown; // the line reached; invalid before the first of a check
 
     static constexpr int noLine = -1;
 };

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <condition_variable>
 #include <fstream>
 #include <mutex>
@@ -34,6 +35,7 @@ protected:
         platform::setUserCacheDirectory({});
         dao::setCacheLimit(dao::usualCacheLimit);
         dao::setConversionWatcher({});
+        dao::setReadingSign({});
     }
     JetCache(const JetCache&) = delete;
     JetCache& operator=(const JetCache&) = delete;
@@ -268,6 +270,44 @@ TEST_F(JetCache, OfASetIsMadeForTheOthersWhenOneIsDamaged)
     dao::setConversionWatcher([&] { ++conversions; });
     EXPECT_EQ(rowsIn(dao::cacheOf(good)), 3);
     EXPECT_EQ(conversions, 0);
+}
+
+TEST_F(JetCache, TellsWhoeverWaitsWhileItIsMade)
+{
+    const std::vector files = {words("a.mdb", 3), words("b.mdb", 3)};
+    const auto caller = std::this_thread::get_id();
+    std::atomic<int> shown = 0;
+    int hidden = 0;
+    dao::setReadingSign({[&](const std::vector<std::string>& paths) {
+                             EXPECT_EQ(std::this_thread::get_id(), caller);
+                             EXPECT_EQ(paths, files);
+                             EXPECT_EQ(hidden, 0);
+                             ++shown;
+                         },
+                         [&] { ++hidden; }});
+    dao::setConversionWatcher([&] {
+        for (int wait = 0; wait < 6000 && shown < 2; ++wait)
+            std::this_thread::sleep_for(10ms);
+    });
+    static_cast<void>(dao::cachesOf(files));
+    EXPECT_GE(shown, 2);
+    EXPECT_EQ(hidden, 1);
+}
+
+TEST_F(JetCache, TellsWhoeverWaitsOfTheEndAlsoWhenItFails)
+{
+    const auto file = words("a.mdb", 3);
+    std::atomic<int> shown = 0;
+    int hidden = 0;
+    dao::setReadingSign({[&](const std::vector<std::string>&) { ++shown; }, [&] { ++hidden; }});
+    dao::setConversionWatcher([&] {
+        for (int wait = 0; wait < 6000 && shown == 0; ++wait)
+            std::this_thread::sleep_for(10ms);
+        overwrite(file, std::string(5000, 'x'));
+    });
+    EXPECT_FAILURE(3343, static_cast<void>(dao::cacheOf(file)));
+    EXPECT_GE(shown, 1);
+    EXPECT_EQ(hidden, 1);
 }
 
 TEST_F(JetCache, LeavesNothingHalfBuiltOnAFullDisk)

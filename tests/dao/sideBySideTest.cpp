@@ -70,3 +70,43 @@ TEST(SideBySide, WithOneNumberStaysOnTheThreadOfTheCaller)
     dao::sideBySide(1, [&](std::size_t) { thread = std::this_thread::get_id(); });
     EXPECT_EQ(thread, std::this_thread::get_id());
 }
+
+TEST(SideBySide, GivesTheCallersThreadToWhatIsDoneMeanwhile)
+{
+    const auto caller = std::this_thread::get_id();
+    std::atomic<int> turns = 0;
+    std::atomic<int> done = 0;
+    dao::sideBySide(
+        3,
+        [&](std::size_t) {
+            EXPECT_NE(std::this_thread::get_id(), caller);
+            for (int wait = 0; wait < 6000 && turns < 2; ++wait)
+                std::this_thread::sleep_for(10ms);
+            ++done;
+        },
+        [&] {
+            EXPECT_EQ(std::this_thread::get_id(), caller);
+            ++turns;
+        });
+    EXPECT_GE(turns, 2);
+    EXPECT_EQ(done, 3);
+}
+
+TEST(SideBySide, WaitsForAllWhenWhatIsDoneMeanwhileFails)
+{
+    std::atomic<bool> hasFailed = false;
+    std::atomic<int> done = 0;
+    EXPECT_THROW(dao::sideBySide(
+                     2,
+                     [&](std::size_t) {
+                         for (int wait = 0; wait < 6000 && !hasFailed; ++wait)
+                             std::this_thread::sleep_for(10ms);
+                         ++done;
+                     },
+                     [&] {
+                         hasFailed = true;
+                         throw std::runtime_error("meanwhile");
+                     }),
+                 std::runtime_error);
+    EXPECT_EQ(done, 2);
+}
