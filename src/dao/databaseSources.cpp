@@ -42,7 +42,8 @@ bool Database::State::isFileWaiting() const
 // In the order in which they are to be opened.
 std::vector<std::string> Database::State::waitingContents() const
 {
-    std::vector<std::string> contents, old;
+    std::vector<std::string> contents;
+    std::vector<std::string> old;
     std::vector<std::size_t> places; // of the old ones
     const auto add = [&](const std::string& file, const std::optional<std::string>& content) {
         if (!content) {

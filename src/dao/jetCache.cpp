@@ -268,9 +268,8 @@ std::uintmax_t sizeAt(const std::string& path)
 // Whatever takes longest begins first.
 std::vector<std::size_t> placesBySize(const std::vector<std::string>& paths)
 {
-    std::vector<std::uintmax_t> sizes;
-    for (const auto& path : paths)
-        sizes.push_back(sizeAt(path));
+    std::vector<std::uintmax_t> sizes(paths.size());
+    std::transform(paths.begin(), paths.end(), sizes.begin(), sizeAt);
     std::vector<std::size_t> places(paths.size());
     std::iota(places.begin(), places.end(), std::size_t{0});
     std::stable_sort(places.begin(), places.end(),
@@ -326,9 +325,9 @@ std::vector<std::string> cachesOf(const std::vector<std::string>& paths)
         telling.meanwhile());
     if (std::any_of(caches.begin(), caches.end(), [](const Cache& cache) { return cache.isNew; }))
         cleanUp(folder, caches);
-    std::vector<std::string> files;
-    for (const auto& cache : caches)
-        files.push_back(platform::utf8Path(cache.path));
+    std::vector<std::string> files(caches.size());
+    std::transform(caches.begin(), caches.end(), files.begin(),
+                   [](const Cache& cache) { return platform::utf8Path(cache.path); });
     return files;
 }
 

@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-// The content of old files as files of the engine, kept in the user's cache directory from one use to the
-// next.
 struct sqlite3;
 
+// The content of old files as files of the engine, kept in the user's cache directory from one use to the
+// next.
 namespace dao {
 
 // The path of the file with the content of an old file as it stands now; it is made when there is none. It is
