@@ -23,7 +23,7 @@ void RowLayout::parse(const ByteView& row)
     m_isVariableTableRead = false;
     parseEnds();
     for (std::size_t i = 0; i < m_places.size(); ++i)
-        m_slots[i] = slotOf(m_places[i]);
+        fill(m_slots[i], m_places[i]);
 }
 
 void RowLayout::parseEnds()
@@ -35,38 +35,43 @@ void RowLayout::parseEnds()
     m_maskStart = m_row.size() - maskSize;
 }
 
-RowLayout::Slot RowLayout::slotOf(const Place& place)
+void RowLayout::fill(Slot& slot, const Place& place)
 {
+    slot = {};
     // A row older than the column knows nothing of it.
-    if (place.id >= m_columnsInRow)
-        return {0, 0, place.isBoolean, false};
-    const bool bit = ((m_row.u8(m_maskStart + place.id / 8U) >> (place.id % 8U)) & 1U) != 0;
-    if (place.isBoolean)
-        return {0, 0, true, bit};
-    if (!bit)
-        return {};
-    return place.isFixed ? fixedSlot(place) : variableSlot(place);
+    const bool isKnown = place.id < m_columnsInRow;
+    const bool bit = isKnown && ((m_row.u8(m_maskStart + place.id / 8U) >> (place.id % 8U)) & 1U) != 0;
+    if (place.isBoolean) {
+        slot.hasValue = true;
+        slot.isSet = bit;
+    } else if (bit && place.isFixed) {
+        fillFixed(slot, place);
+    } else if (bit) {
+        fillVariable(slot, place);
+    }
 }
 
-RowLayout::Slot RowLayout::fixedSlot(const Place& place) const
+void RowLayout::fillFixed(Slot& slot, const Place& place) const
 {
     const auto start = m_dataStart + place.fixedOffset;
     if (start + place.size > m_maskStart)
         raiseDamage(m_row.page(), "a row is shorter than one of its values");
-    return {static_cast<std::uint16_t>(start), static_cast<std::uint16_t>(place.size), true, false};
+    slot.start = static_cast<std::uint16_t>(start);
+    slot.size = static_cast<std::uint16_t>(place.size);
+    slot.hasValue = true;
 }
 
-RowLayout::Slot RowLayout::variableSlot(const Place& place)
+void RowLayout::fillVariable(Slot& slot, const Place& place)
 {
     if (!m_isVariableTableRead)
         readVariableTable();
     if (place.variableIndex >= m_variableCount)
-        return {};
-    const auto start = m_offsets[place.variableIndex];
-    const auto size = static_cast<std::uint16_t>(m_offsets[place.variableIndex + 1U] - start);
-    if (size < place.size)
+        return;
+    slot.start = m_offsets[place.variableIndex];
+    slot.size = static_cast<std::uint16_t>(m_offsets[place.variableIndex + 1U] - slot.start);
+    if (slot.size < place.size)
         raiseDamage(m_row.page(), "a value is shorter than its type needs");
-    return {start, size, true, false};
+    slot.hasValue = true;
 }
 
 void RowLayout::readVariableTable()
