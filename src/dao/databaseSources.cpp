@@ -43,13 +43,10 @@ bool Database::State::isFileWaiting() const
 std::vector<std::string> Database::State::waitingContents() const
 {
     std::vector<std::string> contents;
-    std::vector<std::string> old;
-    std::vector<std::size_t> places; // of the old ones
+    std::vector<std::string> old; // those whose place there is empty
     const auto add = [&](const std::string& file, const std::optional<std::string>& content) {
-        if (!content) {
-            places.push_back(contents.size());
+        if (!content)
             old.push_back(file);
-        }
         contents.push_back(content.value_or(""));
     };
     if (!m_connection)
@@ -59,8 +56,11 @@ std::vector<std::string> Database::State::waitingContents() const
     if (old.empty())
         return contents; // without a look at the cache's folder
     const auto caches = cachesOf(old);
-    for (std::size_t i = 0; i < caches.size(); ++i)
-        contents[places[i]] = caches[i];
+    auto cache = caches.begin();
+    for (auto& content : contents) {
+        if (content.empty())
+            content = *cache++;
+    }
     return contents;
 }
 

@@ -7,13 +7,12 @@
 #include "platform/paths.h"
 #include "support/failures.h"
 #include "support/faultyFiles.h"
+#include "support/waiting.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <condition_variable>
 #include <fstream>
-#include <mutex>
 #include <thread>
 
 #ifndef _WIN32
@@ -226,15 +225,11 @@ TEST_F(JetCache, GivesWayToTheLimitTheOneThatWasUsedLeastLatelyFirst)
 
 TEST_F(JetCache, OfASetIsMadeForAllItsFilesAtTheSameTime)
 {
-    std::mutex guard;
-    std::condition_variable changed;
-    int arrived = 0;
-    int met = 0;
+    std::atomic<int> arrived = 0;
+    std::atomic<int> met = 0;
     dao::setConversionWatcher([&] {
-        std::unique_lock lock(guard);
         ++arrived;
-        changed.notify_all();
-        met += changed.wait_for(lock, 60s, [&] { return arrived == 2; }) ? 1 : 0;
+        met += waitUntil([&] { return arrived == 2; }) ? 1 : 0;
     });
     const auto caches = dao::cachesOf({words("a.mdb", 3), words("b.mdb", 700)});
     EXPECT_EQ(met, 2);
@@ -285,10 +280,7 @@ TEST_F(JetCache, TellsWhoeverWaitsWhileItIsMade)
                              ++shown;
                          },
                          [&] { ++hidden; }});
-    dao::setConversionWatcher([&] {
-        for (int wait = 0; wait < 6000 && shown < 2; ++wait)
-            std::this_thread::sleep_for(10ms);
-    });
+    dao::setConversionWatcher([&] { waitUntil([&] { return shown >= 2; }); });
     static_cast<void>(dao::cachesOf(files));
     EXPECT_GE(shown, 2);
     EXPECT_EQ(hidden, 1);
@@ -301,8 +293,7 @@ TEST_F(JetCache, TellsWhoeverWaitsOfTheEndAlsoWhenItFails)
     int hidden = 0;
     dao::setReadingSign({[&](const std::vector<std::string>&) { ++shown; }, [&] { ++hidden; }});
     dao::setConversionWatcher([&] {
-        for (int wait = 0; wait < 6000 && shown == 0; ++wait)
-            std::this_thread::sleep_for(10ms);
+        waitUntil([&] { return shown > 0; });
         overwrite(file, std::string(5000, 'x'));
     });
     EXPECT_FAILURE(3343, static_cast<void>(dao::cacheOf(file)));

@@ -1,18 +1,16 @@
 #include "dao/sideBySide.h"
 
+#include "support/waiting.h"
+
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <condition_variable>
-#include <mutex>
 #include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
 
 namespace {
-
-using namespace std::chrono_literals;
 
 std::string failureOf(std::size_t count, const std::function<void(std::size_t)>& action)
 {
@@ -38,15 +36,11 @@ TEST(SideBySide, DoesEachNumberOnce)
 
 TEST(SideBySide, HasTwoUnderWayAtTheSameTime)
 {
-    std::mutex guard;
-    std::condition_variable changed;
-    int arrived = 0;
+    std::atomic<int> arrived = 0;
     std::atomic<int> met = 0;
     dao::sideBySide(2, [&](std::size_t) {
-        std::unique_lock lock(guard);
         ++arrived;
-        changed.notify_all();
-        met += changed.wait_for(lock, 60s, [&] { return arrived == 2; }) ? 1 : 0;
+        met += waitUntil([&] { return arrived == 2; }) ? 1 : 0;
     });
     EXPECT_EQ(met, 2);
 }
@@ -80,8 +74,7 @@ TEST(SideBySide, GivesTheCallersThreadToWhatIsDoneMeanwhile)
         3,
         [&](std::size_t) {
             EXPECT_NE(std::this_thread::get_id(), caller);
-            for (int wait = 0; wait < 6000 && turns < 2; ++wait)
-                std::this_thread::sleep_for(10ms);
+            waitUntil([&] { return turns >= 2; });
             ++done;
         },
         [&] {
@@ -99,8 +92,7 @@ TEST(SideBySide, WaitsForAllWhenWhatIsDoneMeanwhileFails)
     EXPECT_THROW(dao::sideBySide(
                      2,
                      [&](std::size_t) {
-                         for (int wait = 0; wait < 6000 && !hasFailed; ++wait)
-                             std::this_thread::sleep_for(10ms);
+                         waitUntil([&] { return hasFailed.load(); });
                          ++done;
                      },
                      [&] {

@@ -4,6 +4,7 @@
 #include "dao/jetSamples.h"
 #include "mainscreen/qtHost.h"
 #include "platform/paths.h"
+#include "support/waiting.h"
 #include "support/windows.h"
 
 #include <gtest/gtest.h>
@@ -11,8 +12,6 @@
 #include <QProgressBar>
 
 #include <atomic>
-#include <chrono>
-#include <thread>
 
 namespace {
 
@@ -54,7 +53,6 @@ TEST(ReadingWindow, namesTheFilesAndMoves)
 
 TEST(ReadingWindow, standsWhileOldFilesAreReadAndGoesAfterThem)
 {
-    using namespace std::chrono_literals;
     const TemporaryFolder folder;
     platform::setUserCacheDirectory(folder.path() / "cache");
     const auto file = jetSamples::copyTo(folder, "jet4/work200.mdb");
@@ -62,10 +60,7 @@ TEST(ReadingWindow, standsWhileOldFilesAreReadAndGoesAfterThem)
     QWidget mainWindow;
     windows::open(mainWindow);
     ShownWindow shown;
-    dao::setConversionWatcher([&] {
-        for (int wait = 0; wait < 6000 && !shown.isUp(); ++wait)
-            std::this_thread::sleep_for(10ms);
-    });
+    dao::setConversionWatcher([&] { waitUntil([&] { return shown.isUp(); }); });
     static_cast<void>(dao::cacheOf(file));
     dao::setConversionWatcher({});
     platform::setUserCacheDirectory({});
