@@ -85,8 +85,6 @@ bool breaksMultipoint(const NoticeForm& form, const std::string& control)
 
 bool mayBeLeft(const NoticeForm& form, const std::string& control, const Field& field)
 {
-    if (isRefused(form, control))
-        return true;
     if (breaksMultipoint(form, control) || (field.rule && !passes(form, control, *field.rule)))
         return false;
     const auto textLeft = form.text(control);

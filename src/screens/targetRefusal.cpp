@@ -6,7 +6,6 @@
 
 #include <QEvent>
 
-#include <algorithm>
 #include <array>
 
 namespace screens {
@@ -69,7 +68,9 @@ private:
             platform::host().beep();
             platform::showMessage("Only allowed for Mod/Sup/Wdraw notices");
         }
-        widgets::sendFocusTo(m_form.control("freq"));
+        // Not by a reason of leaving: what was never entered is not checked. A field in hand whose notice
+        // changes beneath it is checked like any other.
+        widgets::sendFocusTo(m_form.control("freq"), Qt::NoFocusReason);
         m_refusing = false;
     }
 
@@ -83,12 +84,6 @@ private:
 bool takesTarget(const NoticeForm& form)
 {
     return form.isSelected("Int_Mod") || form.isSelected("Int_Sup") || form.isSelected("Int_Wdraw");
-}
-
-bool isRefused(const NoticeForm& form, std::string_view control)
-{
-    const auto names = targetsOn(form.type());
-    return std::find(names.begin(), names.end(), control) != names.end() && !takesTarget(form);
 }
 
 void refuseTargetFields(NoticeForm& form)

@@ -167,12 +167,12 @@ void checkOnLeaving(QWidget* field, const LeaveCheck& check)
     checks().insert(field, check);
 }
 
-void sendFocusTo(QWidget* control)
+void sendFocusTo(QWidget* control, Qt::FocusReason reason)
 {
     if (control == nullptr || !control->isVisible() || !control->isEnabled())
         return;
     runningCheck().sentFocus = true;
-    control->setFocus(Qt::OtherFocusReason);
+    control->setFocus(reason);
     selectText(control);
 }
 

@@ -26,8 +26,8 @@ using LeaveCheck = std::function<bool()>;
 void checkOnLeaving(QWidget* field, const LeaveCheck& check);
 
 // For a check: gives the focus to a control and selects its text. One that is hidden or disabled doesn't get
-// it.
-void sendFocusTo(QWidget* control);
+// it. Qt::NoFocusReason sends it on from a field that turned it away: that one is not checked.
+void sendFocusTo(QWidget* control, Qt::FocusReason reason = Qt::OtherFocusReason);
 // For a check: whether it was Shift+Tab that wants to leave.
 [[nodiscard]] bool isLeavingBackwards();
 

@@ -114,6 +114,23 @@ TEST_P(Target, KeepsOperatorsWithABadValueInsteadOfLettingThemTakeBackTheIntent)
     EXPECT_EQ(work.focus(), "trgFreq");
 }
 
+// As a move to the next notice leaves it, where the field stays in sight.
+TEST(TargetZone, IsCheckedInTheOperatorsHandThoughTheNoticeTakesNoTargetAnyMore)
+{
+    RuledForm work(ScreenType::T14);
+    work.form.setSelected("Int_Mod", true);
+    work.enter("trgZoneID");
+    work.form.setSelected("Int_Add", true);
+    work.type("a1");
+    work.tab();
+    EXPECT_EQ(work.host.messages, Messages{"Value must have only characters"});
+    EXPECT_EQ(work.focus(), "trgZoneID");
+    work.click("Int_Mod");
+    EXPECT_EQ(work.host.messages, Messages(2, "Value must have only characters"));
+    EXPECT_EQ(work.focus(), "trgZoneID");
+    EXPECT_FALSE(work.form.isSelected("Int_Mod"));
+}
+
 INSTANTIATE_TEST_SUITE_P(AllScreens, Target, testing::ValuesIn(allScreens), screenName);
 
 namespace {
