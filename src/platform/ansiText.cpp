@@ -118,11 +118,6 @@ int ansiOfCode(char32_t code)
     return -1;
 }
 
-bool isInCodePage(char32_t code)
-{
-    return ansiOfCode(code) >= 0;
-}
-
 template <class Map>
 std::string mapLetters(std::string_view text, Map map)
 {
@@ -132,8 +127,8 @@ std::string mapLetters(std::string_view text, Map map)
         const auto start = position;
         const auto code = nextCode(text, position);
         const auto mapped =
-            isInCodePage(code) ? static_cast<char32_t>(map(static_cast<UChar32>(code))) : code;
-        if (mapped != code && isInCodePage(mapped))
+            isAnsi(code) ? static_cast<char32_t>(map(static_cast<UChar32>(code))) : code;
+        if (mapped != code && isAnsi(mapped))
             appendUtf8(result, mapped);
         else
             result += text.substr(start, position - start);
@@ -194,6 +189,11 @@ void appendAnsiAsUtf8(std::string& text, std::string_view ansi)
         for (position = end; position < ansi.size() && byteAt(ansi, position) >= asciiEnd; ++position)
             appendUtf8(text, codeOfAnsi(byteAt(ansi, position)));
     }
+}
+
+bool isAnsi(char32_t character)
+{
+    return ansiOfCode(character) >= 0;
 }
 
 std::string utf8ToAnsi(std::string_view text)

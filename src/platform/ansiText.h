@@ -16,6 +16,9 @@ void appendAnsiAsUtf8(std::string& text, std::string_view ansi);
 // A character that the code page lacks, and what is no UTF-8, becomes "?".
 [[nodiscard]] std::string utf8ToAnsi(std::string_view text);
 
+// Whether the code page has the character.
+[[nodiscard]] bool isAnsi(char32_t character);
+
 // Number of characters.
 [[nodiscard]] std::size_t characterCount(std::string_view text);
 

@@ -3,11 +3,11 @@
 #include "screens/fieldEdit.h"
 #include "screens/multiValueBox.h"
 #include "screens/optionSet.h"
+#include "screens/remarksEdit.h"
 
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyle>
 #include <QStyleOptionComboBox>
@@ -64,10 +64,8 @@ QString sampleOf(const Item& item)
 
 QWidget* makeEdit(const Item& item, QWidget& parent)
 {
-    auto* const edit = new FieldEdit(sampleOf(item), &parent);
+    auto* const edit = new FieldEdit(sampleOf(item), item.limit, &parent);
     edit->setPlaceholderText(QString::fromUtf8(item.text));
-    if (item.limit > 0)
-        edit->setInputLimit(item.limit);
     if (item.kind == Kind::Locked)
         lock(*edit);
     return edit;
@@ -75,8 +73,7 @@ QWidget* makeEdit(const Item& item, QWidget& parent)
 
 QWidget* makeRemarks(QWidget& parent)
 {
-    auto* const remarks = new QPlainTextEdit(&parent);
-    remarks->setTabChangesFocus(true);
+    auto* const remarks = new RemarksEdit(&parent);
     return remarks;
 }
 

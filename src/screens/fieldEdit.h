@@ -4,16 +4,16 @@
 
 namespace screens {
 
-// A text box as wide as the text that it is for. What an operator types or pastes is bounded by the input
-// limit (its dynamic property "inputLimit", where it has one); a text set by code is shown whole.
+// A text box as wide as the text that it is for. What an operator puts in goes through a widgets::TextEntry;
+// a text set by code is shown whole.
 class FieldEdit : public QLineEdit
 {
     Q_OBJECT
 public:
-    // `sample` is a text of the width wanted.
-    explicit FieldEdit(QString sample, QWidget* parent = nullptr);
+    // `sample` is a text of the width wanted, `limit` the characters that an operator may put in, 0 for any
+    // number.
+    explicit FieldEdit(QString sample, int limit = 0, QWidget* parent = nullptr);
 
-    void setInputLimit(int characters);
     // Wide enough to stand in one column with the other.
     void alignWith(const QWidget* other) { m_widthOf = other; }
 

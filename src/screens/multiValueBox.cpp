@@ -1,5 +1,7 @@
 #include "screens/multiValueBox.h"
 
+#include "widgets/textEntry.h"
+
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QWheelEvent>
@@ -10,8 +12,6 @@ namespace screens {
 
 namespace {
 
-constexpr int noLimit = 32767; // the toolkit's own
-
 bool isPlain(const QKeyEvent& event)
 {
     return (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == Qt::NoModifier;
@@ -19,7 +19,7 @@ bool isPlain(const QKeyEvent& event)
 
 } // namespace
 
-MultiValueBox::MultiValueBox(QWidget* parent) : QComboBox(parent), m_limit(noLimit)
+MultiValueBox::MultiValueBox(QWidget* parent) : QComboBox(parent)
 {
     setFocusPolicy(Qt::StrongFocus); // the wheel takes no focus, and so leaves no field
     setEditable(true);
@@ -28,11 +28,9 @@ MultiValueBox::MultiValueBox(QWidget* parent) : QComboBox(parent), m_limit(noLim
     // The toolkit would pick an entry that equals the text but for case, on Enter and on leaving.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
 
-    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { cutBackToLimit(); });
-    connect(this, &QComboBox::editTextChanged, this, [this] {
-        m_selected = false;
-        m_lengthBefore = static_cast<int>(currentText().size());
-    });
+    new widgets::TextEntry(*lineEdit());
+
+    connect(this, &QComboBox::editTextChanged, this, [this] { m_selected = false; });
     connect(this, &QComboBox::currentIndexChanged, this, [this](int index) { m_selected = index >= 0; });
     connect(this, &QComboBox::activated, this, [this] { m_selected = true; });
 }
@@ -73,11 +71,6 @@ int MultiValueBox::selectedEntry() const
     return m_selected ? currentIndex() : -1;
 }
 
-void MultiValueBox::setInputLimit(int characters)
-{
-    m_limit = characters;
-}
-
 void MultiValueBox::show(int entry)
 {
     setCurrentIndex(entry);
@@ -116,19 +109,6 @@ void MultiValueBox::keyPressEvent(QKeyEvent* event)
 void MultiValueBox::wheelEvent(QWheelEvent* event)
 {
     event->ignore();
-}
-
-// Of what was typed or pasted the end that is too much goes. A longer text set by code may be edited, but
-// doesn't grow.
-void MultiValueBox::cutBackToLimit()
-{
-    const auto text = lineEdit()->text();
-    const auto cursor = lineEdit()->cursorPosition();
-    const int surplus = static_cast<int>(text.size()) - std::max(m_limit, m_lengthBefore);
-    if (surplus <= 0)
-        return;
-    setEditText(text.left(cursor - surplus) + text.mid(cursor));
-    lineEdit()->setCursorPosition(cursor - surplus);
 }
 
 } // namespace screens

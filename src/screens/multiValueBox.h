@@ -27,9 +27,6 @@ public:
     // Position of the selected entry in the list; -1 for none.
     [[nodiscard]] int selectedEntry() const;
 
-    // Characters that an operator may type; text set by code is not bounded.
-    void setInputLimit(int characters);
-
 signals:
     // Enter was pressed with text in the box: whoever listens tests the value and adds it.
     void entered();
@@ -42,11 +39,8 @@ private:
     void show(int entry);
     void removeSelectedOrBlank();
     bool pickByArrow(int key);
-    void cutBackToLimit();
 
     bool m_selected = false; // the entry at currentIndex is the one shown
-    int m_limit;
-    int m_lengthBefore = 0; // of the text, before the last edit
 };
 
 } // namespace screens

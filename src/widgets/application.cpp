@@ -1,6 +1,7 @@
 #include "widgets/application.h"
 
 #include "platform/host.h"
+#include "widgets/textEntry.h"
 
 #include <clocale>
 #include <cstdio>
@@ -87,6 +88,10 @@ Application::Application(int& count, char** arguments) : QApplication(count, arg
 
 bool Application::notify(QObject* receiver, QEvent* event)
 try {
+    if (isMuffledKey(receiver, *event)) {
+        event->ignore();
+        return false;
+    }
     const auto passage = m_gate.ask(receiver, event);
     if (passage == LeaveGate::Passage::Stopped)
         return true;

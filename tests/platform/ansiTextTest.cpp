@@ -32,6 +32,14 @@ TEST(AnsiText, survivesTheWayInAndOutByteForByte)
     EXPECT_EQ(utf8ToAnsi(ansiToUtf8(allBytes())), allBytes());
 }
 
+TEST(AnsiText, knowsWhichCharactersItHas)
+{
+    for (const char32_t character : {U'\0', U'A', U'\u0081', U'\u00e9', U'\u20ac', U'\u2026'})
+        EXPECT_TRUE(platform::isAnsi(character)) << static_cast<unsigned>(character);
+    for (const char32_t character : {U'\u0080', U'\u0141', U'\u2028', U'\uFFFD', U'\U0001F600'})
+        EXPECT_FALSE(platform::isAnsi(character)) << static_cast<unsigned>(character);
+}
+
 TEST(AnsiText, hasACharacterOfItsOwnForEachByte)
 {
     std::set<std::string> characters;

@@ -11,13 +11,9 @@ namespace {
 class FieldEditTest : public testing::Test
 {
 protected:
-    FieldEdit edit{QStringLiteral("00000")};
+    FieldEdit edit{QStringLiteral("00000"), 5};
 
-    FieldEditTest()
-    {
-        edit.setInputLimit(5);
-        windows::open(edit);
-    }
+    FieldEditTest() { windows::open(edit); }
 
     void paste(const QString& text)
     {

@@ -4,9 +4,11 @@
 #include "screens/labels.h"
 #include "screens/multiValueBox.h"
 #include "screens/noticeForm.h"
+#include "support/fakeHost.h"
 #include "support/windows.h"
 
 #include <gtest/gtest.h>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -409,6 +411,22 @@ TEST_P(Form, AClickOnTheBackgroundLeavesTheFocusWhereItIs)
     auto& page = *control("nAdm").parentWidget();
     QTest::mouseClick(&page, Qt::LeftButton, {}, QPoint(2, 2));
     EXPECT_EQ(windows::focusName(form), "nAdm");
+}
+
+TEST_P(Form, RemarksTakeLinesButNoCharacterThatNoFileHolds)
+{
+    FakeHost host;
+    open();
+    auto& remarks = control("TxtRemarks");
+    remarks.setFocus();
+    QGuiApplication::clipboard()->setText("one \u0141\n two\u2028three");
+    QTest::keyClick(&remarks, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(form.text("TxtRemarks"), "one \r\n two\r\nthree");
+    EXPECT_EQ(host.beeps, 1);
+    QKeyEvent press(QEvent::KeyPress, 0x141, Qt::NoModifier, "\u0141");
+    QApplication::sendEvent(&remarks, &press);
+    EXPECT_EQ(form.text("TxtRemarks"), "one \r\n two\r\nthree");
+    EXPECT_EQ(host.beeps, 2);
 }
 
 TEST_P(Form, RemarksHaveLinesAndLetTabOut)

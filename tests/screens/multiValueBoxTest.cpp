@@ -279,32 +279,12 @@ TEST_F(Box, APastedTextIsTypedText)
     EXPECT_EQ(box.entries(), Entries{"CP"});
 }
 
-TEST_F(Box, TheLimitBoundsTypingAndPastingAtTheCursor)
+TEST_F(Box, APastedTextIsOneLine)
 {
-    box.setInputLimit(4);
-    type("abcde");
-    EXPECT_EQ(text(), "abcd");
-    key(Qt::Key_Home);
-    key(Qt::Key_Delete);
-    QApplication::clipboard()->setText("123");
+    QApplication::clipboard()->setText(" OT \r\nCP");
     key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(text(), "1bcd");
-    type("x");
-    EXPECT_EQ(text(), "1bcd");
-}
-
-TEST_F(Box, ALongerTextSetByCodeStaysWholeAndDoesNotGrow)
-{
-    box.setInputLimit(2);
-    fill({"abcd"});
-    EXPECT_EQ(text(), "abcd");
-    key(Qt::Key_End);
-    type("x");
-    EXPECT_EQ(text(), "abcd");
-    key(Qt::Key_Home);
-    key(Qt::Key_Delete);
-    type("xy");
-    EXPECT_EQ(text(), "bcd");
+    EXPECT_EQ(text(), "OT");
+    EXPECT_EQ(box.entries(), Entries());
 }
 
 TEST_F(Box, OtherKeysAreJustTyped)
