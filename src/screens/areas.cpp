@@ -8,7 +8,8 @@ namespace screens {
 namespace {
 
 // The screen has more boxes for zones than the record has stations; the others belong to no field.
-constexpr int zonesKept = static_cast<int>(decltype(NtcAntenna::rx)::size());
+using fields::zonesKept;
+static_assert(zonesKept == static_cast<int>(decltype(NtcAntenna::rx)::size()));
 
 void clearRowControls(const NoticeForm& form)
 {

@@ -2,6 +2,7 @@
 
 #include "widgets/textEntry.h"
 
+#include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFrame>
 
@@ -12,6 +13,14 @@ namespace screens {
 namespace {
 
 constexpr int roomAroundText = 6; // margins of the text and the cursor
+
+// The page shows through, dark or light.
+void letPageThrough(FieldEdit& field)
+{
+    QPalette palette; // all but the background comes from the window
+    palette.setBrush(QPalette::Base, Qt::transparent);
+    field.setPalette(palette);
+}
 
 } // namespace
 
@@ -37,13 +46,30 @@ QSize FieldEdit::sizeHint() const
     return size;
 }
 
+void FieldEdit::markNotStored()
+{
+    m_notStored = true;
+    letPageThrough(*this);
+}
+
+// The hatching is of the colour of the text, so that it shows on any page, and faint, so that the text does.
+void FieldEdit::paintEvent(QPaintEvent* event)
+{
+    if (m_notStored) {
+        constexpr int frame = 2;
+        auto color = palette().color(QPalette::WindowText);
+        color.setAlphaF(0.3F);
+        QPainter(this).fillRect(rect().adjusted(frame, frame, -frame, -frame),
+                                QBrush(color, Qt::BDiagPattern));
+    }
+    QLineEdit::paintEvent(event);
+}
+
 void lock(FieldEdit& field)
 {
     field.setReadOnly(true);
     field.setFocusPolicy(Qt::ClickFocus);
-    QPalette palette;                                  // all but the background comes from the window
-    palette.setBrush(QPalette::Base, Qt::transparent); // the page shows through, dark or light
-    field.setPalette(palette);
+    letPageThrough(field);
 }
 
 } // namespace screens

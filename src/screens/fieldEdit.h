@@ -16,13 +16,19 @@ public:
 
     // Wide enough to stand in one column with the other.
     void alignWith(const QWidget* other) { m_widthOf = other; }
+    // Hatched: what stands in it is not stored.
+    void markNotStored();
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     QString m_sample;
     const QWidget* m_widthOf = nullptr;
+    bool m_notStored = false;
 };
 
 // Read only: its text can be selected and copied with the mouse, and Tab passes it by.

@@ -2,6 +2,7 @@
 
 #include "screens/captionLabel.h"
 #include "screens/fieldEdit.h"
+#include "screens/recordFields.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -279,15 +280,14 @@ void LayoutBuilder::addToCell(const Item& item, QHBoxLayout& cell, QWidget& box)
 
 void LayoutBuilder::addZones(QGridLayout& grid, QWidget& box)
 {
-    constexpr int zones = 24;
-    constexpr int storedZones = 15; // stations that a section has
     constexpr int inRow = 6;
-    for (int zone = 1; zone <= zones; ++zone) {
+    for (int zone = 1; zone <= fields::zoneBoxes; ++zone) {
         const int limit = zoneLimit(m_type, zone);
         m_factory.beginRow(zone, false);
-        auto* const field = m_factory.create({onAll, limit < 10 ? Kind::Code : Kind::Text, "Rzone#", limit,
-                                              limit, zone > storedZones ? "Zone # (not stored)" : "Zone #"},
-                                             box);
+        auto* const field =
+            m_factory.create({onAll, limit < 10 ? Kind::Code : Kind::Text, "Rzone#", limit, limit,
+                              zone > fields::zonesKept ? "Zone # (not stored)" : "Zone #"},
+                             box);
         grid.addWidget(field, (zone - 1) / inRow, (zone - 1) % inRow, Qt::AlignLeft);
     }
     m_factory.beginRow(0, false);

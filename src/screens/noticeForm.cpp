@@ -1,7 +1,10 @@
 #include "screens/noticeForm.h"
 
+#include "screens/fieldEdit.h"
+#include "screens/hintLine.h"
 #include "screens/layoutBuilder.h"
 #include "screens/multiValueBox.h"
+#include "screens/recordFields.h"
 #include "widgets/application.h"
 
 #include <QComboBox>
@@ -67,6 +70,14 @@ void passByTargetZone(const NoticeForm& form)
                      }));
 }
 
+void markFieldsNotStored(const NoticeForm& form)
+{
+    for (const auto& name : fields::controlsNotStored(form.type())) {
+        if (auto* const field = form.control<FieldEdit>(name))
+            field->markNotStored();
+    }
+}
+
 } // namespace
 
 NoticeForm::NoticeForm(ScreenType type, QWidget* parent) : QDialog(parent), m_type(type)
@@ -85,11 +96,16 @@ NoticeForm::NoticeForm(ScreenType type, QWidget* parent) : QDialog(parent), m_ty
     auto* const all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->setSpacing(0);
+    m_hints = new HintLine(*this);
     all->addWidget(area, 1);
+    all->addWidget(m_hints);
     all->addWidget(bar);
     builder.orderTabs();
     keepFocusInSight(area);
     m_controls = builder.controls();
+    m_controls.emplace(m_hints->objectName().toStdString(), m_hints);
+    m_hints->watchFields();
+    markFieldsNotStored(*this);
     m_page = page;
     m_bar = bar;
     passByTargetZone(*this);
@@ -145,12 +161,18 @@ MultiValueBox* NoticeForm::multiValueBox(std::string_view name) const
     return control<MultiValueBox>(name);
 }
 
+void NoticeForm::setHidden(const Hidden& hidden)
+{
+    m_hidden = hidden;
+    m_hints->refresh();
+}
+
 QSize NoticeForm::sizeHint() const
 {
     settle(*m_page);
     const auto page = m_page->sizeHint();
     const auto bar = m_bar->sizeHint();
-    return {std::max(page.width(), bar.width()), page.height() + bar.height()};
+    return {std::max(page.width(), bar.width()), page.height() + m_hints->sizeHint().height() + bar.height()};
 }
 
 // The first time at the size that shows everything, as far as the screen has room; the toolkit would take two

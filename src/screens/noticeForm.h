@@ -1,16 +1,26 @@
 #pragma once
 
+#include "model/Ntc.h"
 #include "screens/screenType.h"
 
 #include <QDialog>
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 
 namespace screens {
 
+class HintLine;
 class MultiValueBox;
+
+// What of a notice its screen does not show, and an update drops.
+struct Hidden
+{
+    std::array<int, decltype(Ntc::antenna)::size()> stations{}; // by section
+    bool coordination = false;                                  // the eleventh administration
+};
 
 // The controls of one notice screen, arranged. Code that fills, reads, checks or names them finds them by
 // their fixed names, an array element without its index ("freq" is the control "freq(0)"); a name that the
@@ -46,6 +56,10 @@ public:
     // Null where the screen has no multi-value box of that name.
     [[nodiscard]] MultiValueBox* multiValueBox(std::string_view name) const;
 
+    // Told by whoever fills the controls.
+    void setHidden(const Hidden& hidden);
+    [[nodiscard]] const Hidden& hidden() const { return m_hidden; }
+
     [[nodiscard]] QSize sizeHint() const override;
     void setVisible(bool visible) override;
 
@@ -54,6 +68,8 @@ private:
     std::unordered_map<std::string, QWidget*> m_controls; // by their names without index
     QWidget* m_page = nullptr;
     QWidget* m_bar = nullptr;
+    HintLine* m_hints = nullptr;
+    Hidden m_hidden;
 };
 
 } // namespace screens

@@ -9,6 +9,7 @@
 #include "platform/host.h"
 #include "platform/numberText.h"
 #include "screens/fieldRules.h"
+#include "screens/hints.h"
 #include "screens/labels.h"
 #include "screens/MakeVisible.h"
 #include "screens/noticeWalk.h"
@@ -193,6 +194,7 @@ void NoticeScreen::updateNotice()
             fillAntennaFromScreen(*this, session::notice);
         updateNtcInDB::updateNtc(session::currentVeldaKey, session::notice, session::ws, session::db);
     });
+    setHidden(hiddenOf(type(), session::notice));
 }
 
 void NoticeScreen::deleteNotice()

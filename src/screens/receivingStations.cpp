@@ -198,6 +198,11 @@ void showStations(const NoticeForm& form, const NtcAntenna& antenna)
         showFirstEntry(form, control);
 }
 
+std::vector<std::string> listedStationControls()
+{
+    return listControls();
+}
+
 void readStations(const NoticeForm& form, NtcAntenna& antenna)
 {
     if (form.isSelected(severalPoints))

@@ -160,6 +160,19 @@ Names antennaControls(ScreenType type)
     return names;
 }
 
+Names controlsNotStored(ScreenType type)
+{
+    Names names;
+    for (int number = coordinationsKept + 1; number <= coordinationBoxes; ++number)
+        names.push_back(coordinationControl(number));
+    if (contains(withRotation, type))
+        names.emplace_back("pwrMax");
+    if (contains(onT12 | onT13, type))
+        for (int number = zonesKept + 1; number <= zoneBoxes; ++number)
+            names.push_back(zoneControl(number));
+    return names;
+}
+
 Names pointRowControls()
 {
     Names names;

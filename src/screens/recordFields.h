@@ -219,7 +219,8 @@ inline constexpr std::array<PositionRow, 8> positions = {{
 
 inline constexpr int coordinationBoxes = 13; // on the screen
 inline constexpr int coordinationsKept = 10; // of them stored
-inline constexpr int zoneBoxes = 24;         // on the screen; the record has 15 stations for them
+inline constexpr int zoneBoxes = 24;         // on the screen
+inline constexpr int zonesKept = 15;         // of them stored: stations of the record
 inline constexpr int pointRows = 6;
 
 // "cAdm1", "Rzone1", "RDeg1", "RCDeg", numbered from 1.
@@ -236,6 +237,9 @@ inline constexpr int pointRows = 6;
 [[nodiscard]] std::vector<std::string> noticeControls(ScreenType type);
 [[nodiscard]] std::vector<std::string> targetControls(ScreenType type);
 [[nodiscard]] std::vector<std::string> antennaControls(ScreenType type);
+
+// Those that no notice keeps.
+[[nodiscard]] std::vector<std::string> controlsNotStored(ScreenType type);
 
 [[nodiscard]] std::vector<std::string> pointRowControls();
 [[nodiscard]] std::vector<std::string> zoneControls();

@@ -6,6 +6,7 @@
 #include "platform/runtimeError.h"
 #include "screens/antennaSection.h"
 #include "screens/controlValues.h"
+#include "screens/hints.h"
 #include "screens/noticeSection.h"
 
 namespace screens {
@@ -58,6 +59,7 @@ void fillScreen(NoticeForm& form, const Ntc& notice)
     setAntennaNumber(form, hasAntennas ? 1 : 0);
     if (hasAntennas)
         fillScreenFromAntenna(form, notice);
+    form.setHidden(hiddenOf(form.type(), notice));
 }
 
 void fillNtcFromScreen(NoticeForm& form, Ntc& notice)

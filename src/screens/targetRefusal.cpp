@@ -4,7 +4,7 @@
 #include "screens/fieldRuleTable.h"
 #include "widgets/leaveGate.h"
 
-#include <QEvent>
+#include <QFocusEvent>
 
 #include <array>
 
@@ -47,12 +47,20 @@ public:
     {
         if (event->type() == QEvent::FocusOut && !static_cast<QWidget*>(watched)->isVisible())
             noteHiding();
-        else if (event->type() == QEvent::FocusIn && !m_refusing && !takesTarget(m_form))
+        else if (event->type() == QEvent::FocusIn && !m_refusing && isEntered(*event) && !takesTarget(m_form))
             refuse();
         return QObject::eventFilter(watched, event);
     }
 
 private:
+    // The one in hand gets the focus back from a box, a pop-up or another window: nobody goes there.
+    static bool isEntered(const QEvent& focusIn)
+    {
+        const auto reason = static_cast<const QFocusEvent&>(focusIn).reason();
+        return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+               reason != Qt::MenuBarFocusReason;
+    }
+
     // When the fields are hidden one by one, the toolkit hands the focus on from one to the next.
     void noteHiding()
     {

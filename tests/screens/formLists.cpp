@@ -124,7 +124,7 @@ Names others(int screen)
 {
     const std::string all =
         "TxtVeldakey TxtDateRcv TxtAntennaCnt Label13 LblDateRcv Label1 Label2 Label3 Label4 "
-        "Label5 Label12 Label33 Label40 LblAntennaCnt LblRemarks ";
+        "Label5 Label12 Label33 Label40 LblAntennaCnt LblHint LblRemarks ";
     static const Names own{"Label27 Label51 Label67 Label69",
                            "Label27 Label51 Label67 Label69 Label7 CircRxArea", "Label67 Label7 CircRxArea",
                            "Label31 LblCentreRxArea"};
