@@ -180,7 +180,7 @@ struct Recordset::State
     void leaveConnection(); // with its rows in memory
     void requireRow();
     [[nodiscard]] Value current(std::size_t column) const;
-    [[nodiscard]] std::int64_t rowIdentity() const;
+    [[nodiscard]] std::int64_t rowIdentity();
     void beginChange();
     void writeChange();
     void writeAddition();

@@ -278,8 +278,10 @@ Value Recordset::State::current(std::size_t column) const
     return columnValue(statement.get(), place, query->columns[column].type.type);
 }
 
-std::int64_t Recordset::State::rowIdentity() const
+// The beginning of a write may have read the rows again, and fewer of them.
+std::int64_t Recordset::State::rowIdentity()
 {
+    requireRow();
     return rows ? rows->identity(row) : sqlite3_column_int64(statement.get(), 0);
 }
 
@@ -323,13 +325,14 @@ void Recordset::State::writeChange()
     if (std::none_of(buffer.begin(), buffer.end(), isAssigned))
         return;
     database->beginWrite();
+    const auto identity = rowIdentity();
     auto* const update = updateOf(*table, buffer, database->handle());
     int place = 0;
     for (std::size_t column = 0; column < buffer.size(); ++column) {
         if (buffer[column])
             bindColumn(*database, update, ++place, table->columns[column], buffer[column]);
     }
-    sqlite3_bind_int64(update, ++place, rowIdentity());
+    sqlite3_bind_int64(update, ++place, identity);
     database->runWrite(update);
     if (sqlite3_changes(database->handle()) == 0)
         raiseEngineError(errRecordDeleted);

@@ -3,6 +3,16 @@
 
 namespace dao {
 
+namespace {
+
+void requireWithin(std::size_t position, std::size_t count)
+{
+    if (position >= count)
+        platform::raise(platform::errSubscript);
+}
+
+} // namespace
+
 RowSnapshot::RowSnapshot(std::unique_ptr<State> state) : m_state(std::move(state)) {}
 
 RowSnapshot::~RowSnapshot() = default;
@@ -19,16 +29,20 @@ std::size_t RowSnapshot::columnCount() const
 
 const std::string& RowSnapshot::fieldName(std::size_t column) const
 {
-    return m_state->columns.at(column).name;
+    requireWithin(column, columnCount());
+    return m_state->columns[column].name;
 }
 
 DataType RowSnapshot::fieldType(std::size_t column) const
 {
-    return m_state->columns.at(column).type.type;
+    requireWithin(column, columnCount());
+    return m_state->columns[column].type.type;
 }
 
 Value RowSnapshot::value(std::size_t row, std::size_t column) const
 {
+    requireWithin(row, rowCount());
+    requireWithin(column, columnCount());
     return m_state->rows->value(row, column);
 }
 

@@ -9,7 +9,7 @@ namespace {
 bool stepTo(std::int32_t& index, std::int32_t step)
 {
     for (auto place = index + step; place >= 0 && place < session::keyCount; place += step) {
-        if (session::keyArray[static_cast<std::size_t>(place)] != session::deletedKey) {
+        if (session::keyAt(place) != session::deletedKey) {
             index = place;
             return true;
         }

@@ -45,7 +45,7 @@ void loadNoticeKeys(const dao::Ref<dao::Recordset>& rows)
 void locateCurrentKey()
 {
     for (std::int32_t index = 0; index < session::keyCount; ++index) {
-        if (session::keyArray[static_cast<std::size_t>(index)] == session::currentVeldaKey) {
+        if (session::keyAt(index) == session::currentVeldaKey) {
             session::currentIndex = index;
             return;
         }

@@ -72,7 +72,7 @@ void writeElectFile(const std::string& fileName, const dao::Ref<dao::Database>& 
     bool headWritten = false;
     InitializeNtc::initNtc(session::notice);
     for (std::int32_t index = 0; index < session::keyCount; ++index) {
-        session::currentVeldaKey = session::keyArray[static_cast<std::size_t>(index)];
+        session::currentVeldaKey = session::keyAt(index);
         if (session::currentVeldaKey == session::deletedKey)
             continue;
         // A key that the database lacks is written too: adm stays from the notice before.

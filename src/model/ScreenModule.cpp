@@ -178,9 +178,10 @@ void splitDottedDate(std::string& text, std::string& year, std::string& month, s
 
 std::string formatDateDots(std::string_view text)
 {
-    const auto day = platform::readDate(replaceAll(text, getIntlSetting("sdate"), "/"));
+    auto separated = replaceAll(text, getIntlSetting("sdate"), "/");
+    const auto day = platform::readDate(separated);
     if (!day)
-        return std::string(text);
+        return separated;
     return twoDigits(day->day) + '.' + twoDigits(day->month) + '.' + twoDigits(day->year / 100) +
            twoDigits(day->year);
 }

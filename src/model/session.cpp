@@ -3,6 +3,7 @@
 #include "platform/ansiText.h"
 #include "platform/fileNumbers.h"
 #include "platform/hostFormat.h"
+#include "platform/runtimeError.h"
 #include "platform/userName.h"
 
 namespace session {
@@ -32,6 +33,13 @@ std::string dbStatus;
 bool ntcChanged = false;
 std::string currentScreenType;
 std::string language;
+
+std::int32_t& keyAt(std::int32_t position)
+{
+    if (position < 0 || static_cast<std::size_t>(position) >= keyArray.size())
+        platform::raise(platform::errSubscript);
+    return keyArray[static_cast<std::size_t>(position)];
+}
 
 std::string getUserName()
 {

@@ -31,6 +31,10 @@ extern bool ntcChanged;                    // asks for the save offer and for a 
 extern std::string currentScreenType;      // "T11" to "T14", the notice screen that loaded last
 extern std::string language;               // "F" French, "S" Spanish, anything else English
 
+// The entry of keyArray at a position. Throws RuntimeError 9 where there is none: the position is that of the
+// notice shown, which the list behind it may have left since.
+[[nodiscard]] std::int32_t& keyAt(std::int32_t position);
+
 inline constexpr const char* errorDb = "ERROR_DB";
 
 // The name of the user, at most eight characters; "Unknown" when the host has none.

@@ -130,7 +130,7 @@ void NoticeScreen::move(Neighbour neighbour)
 {
     if (!neighbour(session::currentIndex))
         return;
-    session::currentVeldaKey = session::keyArray[static_cast<std::size_t>(session::currentIndex)];
+    session::currentVeldaKey = session::keyAt(session::currentIndex);
     setText("TxtVeldakey", platform::integerText(session::currentVeldaKey));
     platform::host().setPointer(platform::pointerHourglass);
     currentNotice::read(m_dbName);
@@ -203,7 +203,7 @@ void NoticeScreen::deleteNotice()
         return;
     session::ntcChanged = true;
     writing(m_dbName, [] { deleteNtcFromDB::deleteNtc(session::currentVeldaKey, session::ws, session::db); });
-    session::keyArray[static_cast<std::size_t>(session::currentIndex)] = session::deletedKey;
+    session::keyAt(session::currentIndex) = session::deletedKey;
     goOnAfterDelete();
 }
 

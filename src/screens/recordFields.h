@@ -222,6 +222,8 @@ inline constexpr int coordinationsKept = 10; // of them stored
 inline constexpr int zoneBoxes = 24;         // on the screen
 inline constexpr int zonesKept = 15;         // of them stored: stations of the record
 inline constexpr int pointRows = 6;
+static_assert(coordinationsKept <= std::tuple_size_v<decltype(NtcCoord::adm)>);
+static_assert(pointRows == decltype(NtcGeo::pt)::size() && pointRows <= decltype(NtcAntenna::rx)::size());
 
 // "cAdm1", "Rzone1", "RDeg1", "RCDeg", numbered from 1.
 [[nodiscard]] std::string coordinationControl(int number);

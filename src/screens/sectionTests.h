@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/Ntc.h"
 #include "screens/noticeForm.h"
 
 #include <string_view>
@@ -10,7 +11,8 @@
 namespace screens {
 
 // Slots of the record for the entries of a multi-value box.
-inline constexpr std::size_t maxEntries = 6;
+inline constexpr std::size_t maxEntries = std::tuple_size_v<decltype(Ntc::nat_srv)>;
+static_assert(decltype(NtcAntenna::rot)::size() == maxEntries);
 
 // True when the record has room for the entries of the box.
 [[nodiscard]] bool entriesFit(const NoticeForm& form, std::string_view control);

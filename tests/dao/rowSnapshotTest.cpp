@@ -100,6 +100,16 @@ TEST_F(Snapshot, OfAnEmptyResultHasNamesAndNoRows)
     EXPECT_TRUE(recordset->EOF_());
 }
 
+TEST_F(Snapshot, FailsBesideItsRowsAndColumns)
+{
+    addPoints(2);
+    const auto rows = open()->snapshot();
+    EXPECT_FAILURE(platform::errSubscript, static_cast<void>(rows->value(2, 0)));
+    EXPECT_FAILURE(platform::errSubscript, static_cast<void>(rows->value(0, 5)));
+    EXPECT_FAILURE(platform::errSubscript, static_cast<void>(rows->fieldName(5)));
+    EXPECT_FAILURE(platform::errSubscript, static_cast<void>(rows->fieldType(5)));
+}
+
 TEST_F(Snapshot, LeavesTheCurrentRowAndTheCountOfRowsVisited)
 {
     addPoints(4);

@@ -1,6 +1,7 @@
 #include "db/GridNavig.h"
 
 #include "model/session.h"
+#include "support/failures.h"
 
 #include <gtest/gtest.h>
 
@@ -46,6 +47,31 @@ TEST(GridNavig, WhenAllLaterEntriesAreDeletedThereIsNoNext)
     std::int32_t index = 0;
     EXPECT_FALSE(GridNavig::nextNoticeIndex(index));
     EXPECT_EQ(index, 0);
+}
+
+TEST(GridNavig, BesideTheListThereAreNoNeighbours)
+{
+    setKeys({5, 6});
+    std::int32_t index = -7;
+    EXPECT_FALSE(GridNavig::nextNoticeIndex(index));
+    EXPECT_FALSE(GridNavig::prevNoticeIndex(index));
+    EXPECT_EQ(index, -7);
+    index = 7;
+    EXPECT_FALSE(GridNavig::nextNoticeIndex(index));
+    EXPECT_FALSE(GridNavig::prevNoticeIndex(index));
+    EXPECT_EQ(index, 7);
+}
+
+TEST(GridNavig, FailsWhereTheCountTellsOfMoreKeysThanThereAre)
+{
+    setKeys({5, deleted});
+    session::keyCount = 4;
+    std::int32_t index = 0;
+    EXPECT_FAILURE(platform::errSubscript, static_cast<void>(GridNavig::nextNoticeIndex(index)));
+    EXPECT_EQ(index, 0);
+    index = 4;
+    EXPECT_FAILURE(platform::errSubscript, static_cast<void>(GridNavig::prevNoticeIndex(index)));
+    EXPECT_EQ(index, 4);
 }
 
 TEST(GridNavig, AnEmptyListHasNoNeighbours)

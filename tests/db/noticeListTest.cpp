@@ -138,6 +138,13 @@ TEST_F(NoticeList, AKeyThatIsNoneFailsAndTheArrayIsAsLongAsItsCount)
     EXPECT_EQ(static_cast<std::size_t>(session::keyCount), session::keyArray.size());
 }
 
+TEST_F(NoticeList, TheCurrentKeyIsLookedForAmongTheKeysAlone)
+{
+    session::keyCount = 2;
+    session::currentVeldaKey = 7;
+    EXPECT_FAILURE(platform::errSubscript, noticeList::locateCurrentKey());
+}
+
 TEST_F(NoticeList, ANoticeWithTwoPublicationsStandsInTwoRows)
 {
     insert(aNotice().build());

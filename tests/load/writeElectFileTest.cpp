@@ -51,6 +51,14 @@ TEST_F(WriteElectFile, WhenAllNoticesWereDeletedThereIsNoHead)
     EXPECT_EQ(write(), comments + tail(" 0"));
 }
 
+TEST_F(WriteElectFile, FailsWhereTheCountTellsOfMoreKeysThanThereAre)
+{
+    load(head() + assignment());
+    listNotices();
+    session::keyCount = 2;
+    EXPECT_FAILURE(platform::errSubscript, write());
+}
+
 TEST_F(WriteElectFile, BlocksEndInAnEmptyLineAndTheOrderIsThatOfTheList)
 {
     load(head() + notice("t_action=ADD\r\nt_freq_assgn=7\r\nt_site_name=A\r\n") +

@@ -214,12 +214,32 @@ TEST_F(DatesInUse, areReadFromTheHostsOwnShortDateWhateverTheHost)
     }
 }
 
-TEST_F(DatesInUse, stayAsTheyStandWhenTheyAreNone)
+TEST_F(DatesInUse, stayWhenTheyAreNoneButForTheHostsSeparator)
 {
-    platform::setHostLocale("de_DE");
-    for (const char* text : {"soon", "31.02.2024", " ", "5.3", "20240305", "a.b/c", "5.3.2024 noon",
-                             "5.3.2024 9:", "1 March 2024"})
-        EXPECT_EQ(formatDateDots(text), text);
+    const struct
+    {
+        const char* locale;
+        const char* text;
+        const char* formatted;
+    } rows[] = {
+        {"de_DE", "soon", "soon"},
+        {"de_DE", "31.02.2024", "31/02/2024"},
+        {"de_DE", "31-02-2024", "31-02-2024"},
+        {"de_DE", " ", " "},
+        {"de_DE", "5.3", "5/3"},
+        {"de_DE", "20240305", "20240305"},
+        {"de_DE", "a.b/c", "a/b/c"},
+        {"de_DE", "...", "///"},
+        {"de_DE", "5.3.2024 noon", "5/3/2024 noon"},
+        {"de_DE", "5.3.2024 9:", "5/3/2024 9:"},
+        {"de_DE", "1 March 2024", "1 March 2024"},
+        {"en_US", "31.02.2024", "31.02.2024"},
+        {"sv_SE", "2024-02-31", "2024/02/31"},
+    };
+    for (const auto& row : rows) {
+        platform::setHostLocale(row.locale);
+        EXPECT_EQ(formatDateDots(row.text), row.formatted) << row.locale << ' ' << row.text;
+    }
 }
 
 TEST_F(DatesInUse, areSeparatedAsTheHostsSettingSays)

@@ -4,6 +4,7 @@
 #include "platform/hostFormat.h"
 #include "platform/paths.h"
 #include "platform/userName.h"
+#include "support/failures.h"
 #include "support/temporaryFolder.h"
 
 #include <filesystem>
@@ -64,6 +65,18 @@ TEST_F(Session, isEmptyAtStart)
     EXPECT_FALSE(session::db);
     EXPECT_FALSE(session::refDb);
     EXPECT_FALSE(session::ws);
+}
+
+TEST_F(Session, givesTheKeysThatAreThereAndFailsBesideThem)
+{
+    session::keyArray = {5, 6};
+    session::keyAt(1) = session::deletedKey;
+    EXPECT_EQ(session::keyAt(0), 5);
+    EXPECT_EQ(session::keyArray[1], session::deletedKey);
+    for (const auto position : {-1, 2, INT32_MIN, INT32_MAX})
+        EXPECT_FAILURE(platform::errSubscript, static_cast<void>(session::keyAt(position)));
+    session::keyArray.clear();
+    EXPECT_FAILURE(platform::errSubscript, static_cast<void>(session::keyAt(0)));
 }
 
 TEST_F(Session, cutsTheUserNameToEightCharacters)

@@ -86,13 +86,17 @@ QString textOfLines(const QWidget& control)
     return control.property("plainText").toString().replace(QLatin1String("\n"), QLatin1String("\r\n"));
 }
 
-// Nothing for no limit.
+// Nothing for no limit. A field that bounds what is typed, but not a text set by code, has its limit in a
+// property of its own.
 QString maxLengthOf(const QWidget& control)
 {
     constexpr int unlimited = 32767;
     const auto* const combo = qobject_cast<const QComboBox*>(&control);
     const QWidget* const field = combo != nullptr ? combo->lineEdit() : &control;
-    const auto limit = field != nullptr ? field->property("maxLength") : QVariant();
+    if (field == nullptr)
+        return {};
+    const auto ofInput = field->property("inputLimit");
+    const auto limit = ofInput.isValid() ? ofInput : field->property("maxLength");
     return limit.isValid() && limit.toInt() != unlimited ? limit.toString() : QString();
 }
 

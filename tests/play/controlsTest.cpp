@@ -1,4 +1,5 @@
 #include "play/controls.h"
+#include "screens/fieldEdit.h"
 
 #include <gtest/gtest.h>
 #include <QCheckBox>
@@ -55,6 +56,15 @@ TEST_F(Controls, TextFieldsTellTheirLimitAndWhetherTheyAreLocked)
     field->setMaxLength(2);
     field->setReadOnly(true);
     EXPECT_EQ(described(*field), R"(TxtDay text "a\\" locked max=2)");
+}
+
+TEST_F(Controls, AFieldThatBoundsOnlyWhatIsTypedTellsThatLimit)
+{
+    auto* const field = add<screens::FieldEdit>(window, "dNtcMM", QStringLiteral("00"));
+    field->setText(QStringLiteral("1 Jan"));
+    EXPECT_EQ(described(*field), R"(dNtcMM text "1 Jan")");
+    field->setInputLimit(2);
+    EXPECT_EQ(described(*field), R"(dNtcMM text "1 Jan" max=2)");
 }
 
 TEST_F(Controls, LinesEndWithCarriageReturnAndLineFeedUnlessTheTextIsKeptApart)

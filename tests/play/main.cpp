@@ -10,6 +10,7 @@
 
 #include <QTemporaryFile>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -110,7 +111,7 @@ private:
     std::filesystem::path m_folder;
 };
 
-int run(const play::Options& options, int count, char** arguments)
+int run(const play::Options& options, char* program)
 {
     auto commands = play::parseScript(scriptText(options.script));
     qInstallMessageHandler(passOnMessage);
@@ -118,7 +119,10 @@ int run(const play::Options& options, int count, char** arguments)
     choosePlatform(options, offscreenSettings);
     setHostUp(options);
     const CacheOfPlay cache;
-    const widgets::Application application(count, arguments);
+    // The other arguments are told apart already; the toolkit would take its platform from them again.
+    std::array arguments{program, static_cast<char*>(nullptr)};
+    int count = 1;
+    const widgets::Application application(count, arguments.data());
     if (!offscreenSettings.fileName().isEmpty())
         offscreenSettings.remove(); // it has been read, and the process may end without another word
     static play::PrintedTranscript transcript; // the report of a failure prints on it when all else is gone
@@ -140,7 +144,7 @@ int run(const play::Options& options, int count, char** arguments)
 
 int main(int count, char** arguments)
 try {
-    return run(play::parseOptions({arguments + 1, arguments + count}), count, arguments);
+    return run(play::parseOptions({arguments + 1, arguments + count}), arguments[0]);
 } catch (const play::UsageError& error) {
     std::cerr << "play: " << error.what()
               << "\nusage: play [--program-dir DIR] [--user NAME] [--now \"YYYY-MM-DD HH:MM:SS\"]"

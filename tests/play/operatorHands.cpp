@@ -3,6 +3,7 @@
 #include "play/controls.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCheckBox>
 #include <QRadioButton>
 #include <QScrollArea>
@@ -27,6 +28,18 @@ QWindow& handleOf(const QWidget& widget)
     if (handle == nullptr)
         throw Refusal("the window is not on the screen");
     return *handle;
+}
+
+// A pop-up that is open takes the keyboard from the window beneath.
+const QWidget& keyboardOwner(const QWidget& window)
+{
+    const auto* const popUp = QApplication::activePopupWidget();
+    return popUp != nullptr ? *popUp : window;
+}
+
+void sendKey(const QWidget& window, QEvent::Type type, const Key& key)
+{
+    qt_handleKeyEvent(&handleOf(keyboardOwner(window)), type, key.code, key.modifiers, key.text);
 }
 
 void sendMouse(QWindow& window, QPointF local, QEvent::Type type)
@@ -72,6 +85,21 @@ bool isWithin(const QWidget* widget, const QWidget& control)
 {
     return widget != nullptr &&
            (widget == &control || widget == control.focusProxy() || control.isAncestorOf(widget));
+}
+
+bool isOpenedBy(const QWidget* popUp, const QWidget& control)
+{
+    while (popUp != nullptr && popUp != &control)
+        popUp = popUp->parentWidget();
+    return popUp != nullptr;
+}
+
+// An operator gets to another control only when the pop-up of this one is out of the way.
+void closePopUpsOfOthers(const QWidget& control)
+{
+    auto* popUp = QApplication::activePopupWidget();
+    while (popUp != nullptr && !isOpenedBy(popUp, control) && popUp->close())
+        popUp = QApplication::activePopupWidget();
 }
 
 } // namespace
@@ -124,16 +152,17 @@ bool OperatorHands::doubleClick(QWidget& widget, QPoint position)
 
 bool OperatorHands::press(QWidget& window, const Key& key) const
 {
-    const QPointer<QWindow> handle = &handleOf(window);
-    qt_handleKeyEvent(handle, QEvent::KeyPress, key.code, key.modifiers, key.text);
-    if (!handle.isNull() && areFree())
-        qt_handleKeyEvent(handle, QEvent::KeyRelease, key.code, key.modifiers, key.text);
-    return !handle.isNull() && areFree();
+    const QPointer<QWidget> alive = &window;
+    sendKey(window, QEvent::KeyPress, key);
+    if (!alive.isNull() && areFree())
+        sendKey(window, QEvent::KeyRelease, key);
+    return !alive.isNull() && areFree();
 }
 
 bool OperatorHands::focus(QWidget& control) const
 {
     const QPointer<QWidget> alive = &control;
+    closePopUpsOfOthers(control);
     control.setFocus(Qt::OtherFocusReason);
     return areFree() && !alive.isNull() && isWithin(control.window()->focusWidget(), control);
 }

@@ -21,9 +21,9 @@ public:
     // Refuses when something else lies above it.
     bool clickControl(QWidget& control);
     bool doubleClick(QWidget& widget, QPoint position);
-    // Goes to the window, and from there to where its focus is.
+    // Goes to the pop-up that is open, otherwise to the window, and from there to where its focus is.
     bool press(QWidget& window, const Key& key) const;
-    // False also when the focus did not get there.
+    // Closes the pop-up of another control. False also when the focus did not get there.
     bool focus(QWidget& control) const;
 
     [[nodiscard]] bool areFree() const { return m_stage.windows.openings() == m_openings; }

@@ -1,7 +1,11 @@
 // The program of scripted sessions itself, worked on windows of this test.
+#include "db/writeNtcToDB.h"
+#include "platform/paths.h"
 #include "play/commands.h"
 #include "play/player.h"
+#include "support/noticeBuilder.h"
 #include "support/temporaryFolder.h"
+#include "support/workingDatabase.h"
 #include "widgets/application.h"
 #include "widgets/leaveGate.h"
 
@@ -16,6 +20,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
@@ -296,4 +301,61 @@ TEST_F(Session, AModelessWindowIsWorkedOnceItIsNamed)
         "> get TxtOther\n! no control TxtOther\n> window None\n! no window None\n> window Other\n"
         "> type TxtOther x\n> get TxtOther\nTxtOther text \"x\"\n> close\nclosed: Other\n"
         "> get TxtDay\nTxtDay text \"\"\n> close\nclosed: Main\nend\n");
+}
+
+namespace {
+
+// The program itself, on a script that shows a notice of its own database.
+class PlayProgram : public testing::Test
+{
+protected:
+    PlayProgram()
+    {
+        Ntc notice;
+        notice.notice_typ = "T11";
+        notice.adm = "D";
+        notice.intent = "ADD";
+        notice.geo.present = true; // the list shows no notice without a site
+        notice.geo.pt[0] = aPoint(0);
+        const auto database = work.open();
+        writeNtcToDB::insertNtc(notice, dao::DBEngine::Workspaces(0), database);
+        database->Close();
+    }
+
+    // The size of the notice screen, in the way that the program is started.
+    QSize sizeOfNoticeScreen(const QStringList& options, const QString& platformOfEnvironment)
+    {
+        const auto picture = QString::fromStdString(work.folder().file("screen.png"));
+        const auto script =
+            QStringLiteral("menu mnuOpenMDB\nchoose \"%1\"\nrow 0\nshot \"%2\"\nclose\nclose\n")
+                .arg(QString::fromStdString(work.path()), picture);
+        QProcess play;
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_QPA_PLATFORM", platformOfEnvironment);
+        environment.remove("DISPLAY");
+        environment.remove("WAYLAND_DISPLAY");
+        play.setProcessEnvironment(environment);
+        play.start(QString::fromStdString(platform::programDirectory() + "/play"),
+                   options + QStringList{"-"});
+        play.write(script.toUtf8());
+        play.closeWriteChannel();
+        play.waitForFinished(-1);
+        EXPECT_EQ(play.exitCode(), 0)
+            << play.readAllStandardOutput().toStdString() << play.readAllStandardError().toStdString();
+        return QImage(picture).size();
+    }
+
+    WorkingDatabase work;
+};
+
+} // namespace
+
+TEST_F(PlayProgram, HasTheScreenOfAnOperatorHoweverItIsToldToGoWithoutDisplay)
+{
+    constexpr int offeredByToolkit = 800;
+    const auto size = sizeOfNoticeScreen({}, "");
+    EXPECT_GT(size.width(), offeredByToolkit);
+    EXPECT_EQ(sizeOfNoticeScreen({}, "offscreen"), size);
+    for (const auto* const environment : {"", "offscreen", "minimal"})
+        EXPECT_EQ(sizeOfNoticeScreen({"--platform", "offscreen"}, environment), size) << environment;
 }

@@ -176,6 +176,44 @@ TEST_F(AScreen, ClosesWhenTheOnlyNoticeIsDeleted)
     EXPECT_EQ(session::keyArray.front(), session::deletedKey);
 }
 
+TEST_F(AScreen, EndsTheProgramWhenItDeletesBesideTheKeys)
+{
+    const auto deletes = [&](const char* what) {
+        answer(yes);
+        EXPECT_EXIT(click("ButtonDelete"), testing::ExitedWithCode(3),
+                    "run-time error 9: Subscript out of range")
+            << what;
+        host.answers.clear();
+    };
+    addAll({"T12", "T12"});
+    show(1);
+    session::keyArray.resize(1);
+    deletes("too short");
+    for (const auto index : {-1, 2, INT32_MAX}) {
+        session::currentIndex = index;
+        deletes("an index beside the list");
+    }
+    session::currentIndex = 0;
+    session::keyArray.clear();
+    deletes("empty");
+    session::keyCount = 0;
+    deletes("empty and known to be");
+}
+
+TEST_F(AScreen, StaysOnItsNoticeWhereThereAreNoKeys)
+{
+    addAll({"T12", "T12", "T12"});
+    show(1);
+    session::keyArray.clear();
+    session::keyCount = 0;
+    click("ButtonNextNtc");
+    click("ButtonPrevNtc");
+    EXPECT_EQ(numberInSight(), "1");
+    session::keyCount = 3;
+    for (const char* const button : {"ButtonNextNtc", "ButtonPrevNtc"})
+        EXPECT_EXIT(click(button), testing::ExitedWithCode(3), "run-time error 9: Subscript out of range");
+}
+
 TEST_F(AScreen, DeletesNothingAfterNo)
 {
     addAll({"T12", "T12"});

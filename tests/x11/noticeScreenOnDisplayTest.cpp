@@ -542,15 +542,33 @@ protected:
                       ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, &box)
                       .center();
               }));
-        await("the list opens", [&] {
-            const auto* const popup = QApplication::activePopupWidget();
-            return popup != nullptr && popup->windowHandle()->isExposed();
-        });
+        awaitList();
         auto& view = *ask([&] { return box.view(); });
         click(*ask([&] { return view.viewport(); }),
               ask([&] { return view.visualRect(view.model()->index(row, 0)).center(); }));
+        awaitListClosed();
+    }
+    void openByKey()
+    {
+        press({"alt+Down"});
+        awaitList();
+        settle();
+    }
+    static void awaitList()
+    {
+        await("the list opens", [] {
+            const auto* const popup = QApplication::activePopupWidget();
+            return popup != nullptr && popup->windowHandle()->isExposed();
+        });
+    }
+    void awaitListClosed()
+    {
         await("the list closes", [] { return QApplication::activePopupWidget() == nullptr; });
         awaitBackInScreen();
+    }
+    std::string marked()
+    {
+        return ask([&] { return services().view()->currentIndex().data().toString().toStdString(); });
     }
 };
 
@@ -602,6 +620,67 @@ TEST_F(BoxOfValuesNoticeScreenOnDisplay, theSameEntryPickedAgainIsSelectedAgain)
         pick(1);
         EXPECT_EQ(selected(), 1);
         EXPECT_EQ(text("natsrv"), "CO");
+    });
+}
+
+TEST_F(BoxOfValuesNoticeScreenOnDisplay, keysAreForTheOpenList)
+{
+    play([&] {
+        openWithEntries();
+        openByKey();
+        EXPECT_EQ(marked(), "CP");
+        const auto expectMarked = [&](const char* key, const char* entry) {
+            press({key});
+            settle();
+            EXPECT_EQ(marked(), entry) << key;
+            EXPECT_EQ(text("natsrv"), "") << key;
+        };
+        expectMarked("Down", "CO");
+        expectMarked("Down", "FX");
+        expectMarked("Down", "FX");
+        expectMarked("Up", "CO");
+        expectMarked("BackSpace", "CO");
+        expectMarked("f", "FX");
+        press({"Return"});
+        awaitListClosed();
+        EXPECT_EQ(selected(), 2);
+        EXPECT_EQ(text("natsrv"), "FX");
+        EXPECT_EQ(entries(), (Entries{"CP", "CO", "FX"}));
+        EXPECT_EQ(focus(), "natsrv");
+        EXPECT_EQ(told(), Told{});
+    });
+}
+
+TEST_F(BoxOfValuesNoticeScreenOnDisplay, escapeClosesTheOpenListAlone)
+{
+    play([&] {
+        openWithEntries();
+        pick(1);
+        openByKey();
+        press({"Up", "Escape"});
+        awaitListClosed();
+        EXPECT_EQ(selected(), 1);
+        EXPECT_EQ(text("natsrv"), "CO");
+        EXPECT_EQ(focus(), "natsrv");
+        press({"Escape"});
+        awaitBackInList();
+        EXPECT_EQ(told(), Told{});
+    });
+}
+
+TEST_F(BoxOfValuesNoticeScreenOnDisplay, aClickBesideTheOpenListClosesItAlone)
+{
+    play([&] {
+        openWithEntries();
+        openByKey();
+        press({"Down"});
+        settle();
+        clickOn("nAdm");
+        awaitListClosed();
+        EXPECT_EQ(focus(), "natsrv");
+        EXPECT_EQ(selected(), -1);
+        EXPECT_EQ(text("natsrv"), "");
+        EXPECT_EQ(told(), Told{});
     });
 }
 
