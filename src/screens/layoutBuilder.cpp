@@ -26,6 +26,7 @@ constexpr int gap = 14;          // wanted in the table
 constexpr int groupSpacing = 6;  // between groups
 constexpr int groupMargin = 8;   // within them
 constexpr int pageMargin = 8;
+constexpr int footMargin = 4; // above the line of hints
 
 // Lines of the grid of a row.
 constexpr int captionLine = 1; // what stands over several captions stands in line 0
@@ -101,7 +102,7 @@ LayoutBuilder::Items LayoutBuilder::ofThisScreen(std::span<const Item> items) co
 void LayoutBuilder::buildPage(QWidget& page)
 {
     auto* const lines = new QVBoxLayout(&page);
-    lines->setContentsMargins(pageMargin, pageMargin, pageMargin, 0);
+    lines->setContentsMargins(pageMargin, pageMargin, pageMargin, footMargin);
     lines->setSpacing(groupSpacing);
     std::map<int, QHBoxLayout*> lineOf;
     for (const auto& group : groups()) {

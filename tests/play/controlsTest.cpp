@@ -60,10 +60,10 @@ TEST_F(Controls, TextFieldsTellTheirLimitAndWhetherTheyAreLocked)
 
 TEST_F(Controls, AFieldThatBoundsOnlyWhatIsTypedTellsThatLimit)
 {
-    auto* const field = add<screens::FieldEdit>(window, "dNtcMM", QStringLiteral("00"));
+    auto* const free = add<screens::FieldEdit>(window, "stateID", QStringLiteral("00"));
+    EXPECT_EQ(described(*free), R"(stateID text "")");
+    auto* const field = add<screens::FieldEdit>(window, "dNtcMM", QStringLiteral("00"), 2);
     field->setText(QStringLiteral("1 Jan"));
-    EXPECT_EQ(described(*field), R"(dNtcMM text "1 Jan")");
-    field->setInputLimit(2);
     EXPECT_EQ(described(*field), R"(dNtcMM text "1 Jan" max=2)");
 }
 
