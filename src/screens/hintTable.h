@@ -22,12 +22,15 @@ enum class Hint : std::uint8_t
     SectorsUnpaired,
     NoRotation,
     NotStored,
+    TakenFromTarget, // with the value that is stored
+    RemarkLines,
+    RemarkParts,
     CoordinationNotShown,
     TooManyStations,
     StationsNotShown, // with their number
     SectionNotStored,
 };
-inline constexpr int hints = 15;
+inline constexpr int hints = 18;
 
 // `detail` stands in the place of "#".
 [[nodiscard]] QString hintText(Hint hint, std::string_view language, const QString& detail = {});

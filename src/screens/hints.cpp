@@ -102,16 +102,6 @@ Answer hintOfList(const NoticeForm& form, const MultiValueBox& box, const std::s
     return isSectorList(control) ? hintOfSectors(form) : std::nullopt;
 }
 
-template <class Rows>
-const char* unitOf(const Rows& rows, std::string_view control)
-{
-    for (const auto& row : rows) {
-        if (row.unit != nullptr && (control == row.control || control == row.unit))
-            return row.unit;
-    }
-    return nullptr;
-}
-
 // The frequency that the control, or the unit of which it is, belongs to.
 Answer hintOfFrequencies(const NoticeForm& form, std::string_view control)
 {
@@ -134,6 +124,50 @@ Answer hintOfFrequencies(const NoticeForm& form, std::string_view control)
 bool isOfDate(const fields::DateRow& row, std::string_view control)
 {
     return control == row.day || control == row.month || control == row.year;
+}
+
+Answer hintOfRemarks(const NoticeForm& form)
+{
+    const auto text = form.text("TxtRemarks");
+    if (text.find('\r') != std::string::npos)
+        return Said{Hint::RemarkLines, {}};
+    // The file takes what stands on both sides of the last separator.
+    const auto separators = std::count(text.begin(), text.end(), ';');
+    return separators > 1 ? Answer({Hint::RemarkParts, {}}) : std::nullopt;
+}
+
+std::string withUnit(const NoticeForm& form, const char* control, const char* unit)
+{
+    const auto text = form.text(control);
+    return unit == nullptr || text.empty() ? text : text + ' ' + form.text(unit);
+}
+
+// An empty target takes the notice's value, where it does, so that both are the same.
+template <class Rows>
+Answer hintOfOwnValue(const NoticeForm& form, const Rows& rows, std::string_view control)
+{
+    for (const auto& row : rows) {
+        if (control != row.control && (row.unit == nullptr || control != row.unit))
+            continue;
+        const auto own = withUnit(form, row.control, row.unit);
+        const auto target = withUnit(form, row.target, row.targetUnit);
+        const bool isReplaced = own != target && (!target.empty() || !row.fallsBack);
+        if (isReplaced && !own.empty())
+            return Said{Hint::TakenFromTarget,
+                        target.empty() ? QStringLiteral("\u2013") : QString::fromStdString(target)};
+    }
+    return std::nullopt;
+}
+
+Answer hintOfReplacedValue(const NoticeForm& form, std::string_view control)
+{
+    if (!form.isSelected("Int_Sup") && !form.isSelected("Int_Wdraw"))
+        return std::nullopt;
+    if (auto said = hintOfOwnValue(form, fields::assignmentPairs, control))
+        return said;
+    if (auto said = hintOfOwnValue(form, fields::positionPairs, control))
+        return said;
+    return hintOfOwnValue(form, fields::zonePairs, control);
 }
 
 // Stations, an area or sectors: what goes with the antenna.
@@ -220,6 +254,10 @@ std::optional<Said> hintOfField(const NoticeForm& form, const std::string& contr
 {
     if (isAmong(fields::controlsNotStored(form.type()), control))
         return Said{Hint::NotStored, {}};
+    if (control == "TxtRemarks")
+        return hintOfRemarks(form);
+    if (auto said = hintOfReplacedValue(form, control))
+        return said;
     if (const auto* const box = form.multiValueBox(control))
         return hintOfList(form, *box, control);
     for (const auto& row : fields::dates) {

@@ -171,6 +171,39 @@ TEST_F(Hints, TellOfFieldsThatNoNoticeKeeps)
     EXPECT_EQ(shown(), "");
 }
 
+TEST_F(Hints, TellOfAValueThatTheTargetReplaces)
+{
+    for (const char* intent : {"Int_Sup", "Int_Wdraw"}) {
+        work.form.setSelected(intent, true);
+        work.form.setText("trgFreq", "8.5");
+        work.form.setText("Unit", "M");
+        work.form.setText("Units1", "M");
+        write("freq", "7.5");
+        EXPECT_EQ(shown(), words(Hint::TakenFromTarget, "8.5 M"));
+        work.form.setText("trgFreq", "");
+        EXPECT_EQ(shown(), "");
+        work.form.setText("trgadmRefID", "");
+        write("admRefID", "QREF");
+        EXPECT_EQ(shown(), words(Hint::TakenFromTarget, "\u2013"));
+        work.form.setText("trgLdeg", "45");
+        write("Ldeg", "44");
+        EXPECT_EQ(shown(), words(Hint::TakenFromTarget, "45"));
+    }
+    work.form.setSelected("Int_Mod", true);
+    EXPECT_EQ(shown(), "");
+}
+
+TEST_F(Hints, TellOfRemarksThatAreNotKeptWhole)
+{
+    work.enter("TxtRemarks");
+    work.type("one;two");
+    EXPECT_EQ(shown(), "");
+    work.type(";");
+    EXPECT_EQ(shown(), words(Hint::RemarkParts));
+    work.key(Qt::Key_Return);
+    EXPECT_EQ(shown(), words(Hint::RemarkLines));
+}
+
 TEST_F(Hints, TellWhichCharactersWereRefused)
 {
     write("siteName", "A");
