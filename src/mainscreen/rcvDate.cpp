@@ -47,7 +47,7 @@ constexpr std::array<FaultMessages, 4> messages = {{
     {{"Erreur", "La valeur doit être entre [1,31]"},  {"Error", ""},        {"Error", "Value should be between [1,31]"}},
     {{"Erreur", "La valeur doit être entre [1,12]"},  {"Error", ""},        {"Error", "Value should be between [1,12]"}},
     {{"Erreur", "L'année doit avoir ce format YYYY"}, {"Error", ""},        {"Error", "The year must be entered as YYYY"}},
-    {{"Error",  yearRange},                           {"Error", yearRange}, {"Error", yearRange}},
+    {{"Erreur", yearRange},                           {"Error", yearRange}, {"Error", yearRange}},
 }}; // clang-format on
 
 const Message& messageOf(Fault fault)

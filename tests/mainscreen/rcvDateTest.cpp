@@ -163,7 +163,7 @@ TEST_F(ReceivedDate, tellsEachFaultInEachLanguage)
         {"TxtYear", "02", "F", "Erreur", "L'année doit avoir ce format YYYY"},
         {"TxtYear", "02", "S", "Error", ""},
         {"TxtYear", "02", "E", "Error", "The year must be entered as YYYY"},
-        {"TxtYear", "1949", "F", "Error", range},
+        {"TxtYear", "1949", "F", "Erreur", range},
         {"TxtYear", "1949", "S", "Error", range},
         {"TxtYear", "1949", "E", "Error", range},
     };
