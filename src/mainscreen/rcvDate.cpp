@@ -47,7 +47,7 @@ constexpr std::array<FaultMessages, 4> messages = {{
     {{"Erreur", "La valeur doit être entre [1,31]"},  {"Error", ""},        {"Error", "Value should be between [1,31]"}},
     {{"Erreur", "La valeur doit être entre [1,12]"},  {"Error", ""},        {"Error", "Value should be between [1,12]"}},
     {{"Erreur", "L'année doit avoir ce format YYYY"}, {"Error", ""},        {"Error", "The year must be entered as YYYY"}},
-    {{"Error",  yearRange},                           {"Error", yearRange}, {"Error", yearRange}},
+    {{"Erreur", yearRange},                           {"Error", yearRange}, {"Error", yearRange}},
 }}; // clang-format on
 
 const Message& messageOf(Fault fault)
@@ -115,6 +115,7 @@ RcvDate::RcvDate(QWidget* parent) : QDialog(parent), m_ok(named("ButtonOK", new 
     m_year = addField(*row, 2);
 
     auto* cancel = named("ButtonCancel", new QPushButton("Cancel"));
+    cancel->setFocusPolicy(Qt::TabFocus); // a press on it leaves no field: it gives up, whatever was typed
     addOkAndCancel(*this, m_ok, cancel, [this] { takeDate(); });
     setTabOrder(m_day, m_month);
     setTabOrder(m_month, m_year);
