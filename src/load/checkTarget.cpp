@@ -113,10 +113,19 @@ void closeDatabases()
     MainModule::closeWorkspace(session::ws);
 }
 
-void openCheck(const std::string& countText, bool hidesSave)
+// The window of the messages has its buttons back, however the check ends.
+template <class Check>
+void showingCheck(const std::string& countText, bool hidesSave, Check check)
 {
     platform::host().openCheck(
         {"Sitename for SUPPRESS and WITHDRAW in " + session::referenceDbPath, countText, hidesSave});
+    try {
+        check();
+    } catch (...) {
+        platform::host().endCheck();
+        throw;
+    }
+    platform::host().endCheck();
 }
 
 // Empties the session's notice and reads the one of the key into it.
@@ -160,34 +169,34 @@ void checkAllNtc()
     openDatabases();
     const auto count = loadCheckKeys(
         "SELECT veldakey FROM kvr_velda where (intent = 'SUPPRESS' OR intent = 'WITHDRAW') ", session::db);
-    openCheck(platform::integerText(count) + " notice(s) to be checked. ", true);
-    if (count >= 1)
-        platform::host().appendCheckText(pleaseWait);
-    for (std::int16_t index = 0; index < count; ++index) {
-        const auto key = keys.at(static_cast<std::size_t>(index));
-        readNotice(key); // one that could not be read is looked for as far as it was
-        checkNotice(key);
-        platform::host().selectErrorLine(index);
-    }
-    platform::host().addErrorLine(done);
-    platform::host().endCheck();
+    showingCheck(platform::integerText(count) + " notice(s) to be checked. ", true, [count] {
+        if (count >= 1)
+            platform::host().appendCheckText(pleaseWait);
+        for (std::int16_t index = 0; index < count; ++index) {
+            const auto key = keys.at(static_cast<std::size_t>(index));
+            readNotice(key); // one that could not be read is looked for as far as it was
+            checkNotice(key);
+            platform::host().selectErrorLine(index);
+        }
+        platform::host().addErrorLine(done);
+    });
     closeDatabases();
 }
 
 void checkOneNtc(std::int32_t veldakey)
 {
     openDatabases();
-    openCheck(" 1 notice to be checked. ", false);
-    platform::host().appendCheckText(pleaseWait);
-    const bool isThere = readNotice(veldakey);
-    if (isThere)
-        checkNotice(veldakey);
-    else
-        platform::host().addErrorLine("Make sure that the selected notice is in the database");
-    platform::host().selectErrorLine(0);
-    if (isThere)
-        platform::host().addErrorLine(done);
-    platform::host().endCheck();
+    showingCheck(" 1 notice to be checked. ", false, [veldakey] {
+        platform::host().appendCheckText(pleaseWait);
+        const bool isThere = readNotice(veldakey);
+        if (isThere)
+            checkNotice(veldakey);
+        else
+            platform::host().addErrorLine("Make sure that the selected notice is in the database");
+        platform::host().selectErrorLine(0);
+        if (isThere)
+            platform::host().addErrorLine(done);
+    });
     closeDatabases();
 }
 

@@ -54,6 +54,39 @@ void loadNotice(Ntc& ntc, std::int16_t noticeNumber)
         platform::showMessage("There has been a database error - no updates in the database");
 }
 
+void loadNotices(Ntc& ntc)
+{
+    if (session::db)
+        session::db->beginBulkLoad({"kvr_velda", "kvr_geo", "kvr_geo_pt"}); // what a search looks through
+    platform::host().clearErrorLines();
+    std::int16_t noticeNumber = 0;
+    while (!platform::endOfFile(electFile)) {
+        readFromFileToNtc::advance();
+        if (currentLine == "<HEAD>") {
+            readFromFileToNtc::advance();
+            readFromFileToNtc::readHeadFromFile(ntc);
+        }
+        if (currentLine != "<NOTICE>")
+            continue;
+        if (noticeNumber == std::numeric_limits<std::int16_t>::max())
+            platform::raise(platform::errOverflow);
+        ++noticeNumber;
+        loadNotice(ntc, noticeNumber);
+    }
+}
+
+// The failure that is under way ends the program without another step; the journal that a load keeps would
+// stay beside a sound database.
+void closeForGood(const dao::Ref<dao::Database>& database)
+{
+    try {
+        if (database)
+            database->Close();
+    } catch (const platform::RuntimeError&) {
+        return; // the first failure is the one to be told
+    }
+}
+
 // A file beside a working database: other letters in the place of the path's last three.
 std::string siblingOf(const std::string& workingDatabase, const char* letters)
 {
@@ -93,22 +126,11 @@ void loadElectFile(Ntc& ntc, const std::string& workingDatabase)
 {
     MainModule::openWorkspace(session::ws);
     MainModule::openDatabase(false, workingDatabase, session::db);
-    if (session::db)
-        session::db->beginBulkLoad({"kvr_velda", "kvr_geo", "kvr_geo_pt"}); // what a search looks through
-    platform::host().clearErrorLines();
-    std::int16_t noticeNumber = 0;
-    while (!platform::endOfFile(electFile)) {
-        readFromFileToNtc::advance();
-        if (currentLine == "<HEAD>") {
-            readFromFileToNtc::advance();
-            readFromFileToNtc::readHeadFromFile(ntc);
-        }
-        if (currentLine != "<NOTICE>")
-            continue;
-        if (noticeNumber == std::numeric_limits<std::int16_t>::max())
-            platform::raise(platform::errOverflow);
-        ++noticeNumber;
-        loadNotice(ntc, noticeNumber);
+    try {
+        loadNotices(ntc);
+    } catch (...) {
+        closeForGood(session::db);
+        throw;
     }
     platform::closeFile(electFile);
     MainModule::closeDatabase(session::db);

@@ -108,8 +108,8 @@ void OpenScreen::connectMenu()
     run("mnuTrgIndexInfo", [this] { showIndexInfo(); });
     run("mnuTrgIndexCreate", [this] { m_references.createRefIndexes(); });
     run("mnuTrgIndexDelete", [this] { deleteIndexes(); });
-    run("mnuOneSuppress", [this] { checkSiteNames([this] { checkOneSiteName(); }); });
-    run("mnuAllSuppress", [this] { checkSiteNames(checkTarget::checkAllNtc); });
+    run("mnuOneSuppress", [this] { checkSiteNames([this] { return askForOneNotice(); }); });
+    run("mnuAllSuppress", [this] { checkSiteNames([] { return checkTarget::checkAllNtc; }); });
     run("mnuSortIndex", [this] { sortBy("mnuSortIndex"); });
     run("mnuSortAdmFreq", [this] { sortBy("mnuSortAdmFreq"); });
     run("mnuFilter", [this] { filterNotices(); });

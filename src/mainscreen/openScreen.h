@@ -39,6 +39,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    using CheckOfSites = std::function<void()>;
+
     enum class FileCheck : std::uint8_t
     {
         None,
@@ -60,18 +62,19 @@ private:
     void linkReferences();
     void showIndexInfo();
     void deleteIndexes();
-    void checkSiteNames(const std::function<void()>& check);
+    void checkSiteNames(const std::function<CheckOfSites()>& prepare);
     void showAbout();
     void exitProgram();
 
     // Their steps.
     [[nodiscard]] std::string chooseFile(const char* filter, const char* offeredName = "") const;
     static void endFailedChoice(const platform::RuntimeError& failure);
-    void checkOneSiteName();
+    [[nodiscard]] CheckOfSites askForOneNotice();
     void bindTo(const std::string& path);
     bool pickElectronicFile();
     bool masterIsReadable();
     bool askDateOfReceipt();
+    void loadAndList();
     void showLoadMessages();
     void offerSaving();
     void saveChangesToElectFile() const;
@@ -79,6 +82,7 @@ private:
 
     // The list.
     void refreshNoticeList(FileCheck check = FileCheck::None);
+    void openDataSource(FileCheck check);
     void loadNoticeKeys();
     void fillList();
     void showLoading();

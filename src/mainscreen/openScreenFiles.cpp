@@ -10,6 +10,7 @@
 #include "platform/ansiText.h"
 #include "platform/fileNumbers.h"
 #include "platform/paths.h"
+#include "widgets/inputHold.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -88,13 +89,19 @@ void OpenScreen::loadElectronicFile()
         m_txtFileName->hide();
         return;
     }
+    loadAndList();
+    showLoadMessages();
+    m_menu.setEnabled("mnuDB", true);
+}
+
+void OpenScreen::loadAndList()
+{
+    const widgets::InputHold hold;
     m_host.setPointer(platform::pointerHourglass);
     loadIntoFreshDatabase();
     m_host.setPointer(platform::pointerDefault);
     bindTo(session::workingDbPath);
     refreshNoticeList();
-    showLoadMessages();
-    m_menu.setEnabled("mnuDB", true);
 }
 
 bool OpenScreen::pickElectronicFile()

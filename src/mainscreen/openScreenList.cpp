@@ -32,7 +32,7 @@ void OpenScreen::refreshNoticeList(FileCheck check)
     m_dataNtcPub.Exclusive = false;
     m_dataNtcPub.ReadOnly = true;
     m_dataNtcPub.RecordSource = buildNoticeQuery();
-    m_dataNtcPub.Refresh(check == FileCheck::Quick);
+    openDataSource(check);
     // From here on a failure is shown and goes no further.
     try {
         if (!m_keysValid || session::ntcChanged)
@@ -44,6 +44,18 @@ void OpenScreen::refreshNoticeList(FileCheck check)
         m_host.setPointer(platform::pointerDefault);
         if (failure.number != 0)
             platform::showFailure(failure);
+    }
+}
+
+// Its failure is the caller's; nothing is being loaded any more.
+void OpenScreen::openDataSource(FileCheck check)
+{
+    try {
+        m_dataNtcPub.Refresh(check == FileCheck::Quick);
+    } catch (...) {
+        m_lblLoadDB->hide();
+        hideList();
+        throw;
     }
 }
 

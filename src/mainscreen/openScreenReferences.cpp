@@ -3,6 +3,7 @@
 #include "mainscreen/qtHost.h"
 #include "mainscreen/selectIndexDlg.h"
 #include "model/session.h"
+#include "widgets/inputHold.h"
 
 // The commands of the reference databases: the link, their indexes, the check of site names.
 namespace mainscreen {
@@ -47,13 +48,16 @@ void OpenScreen::deleteIndexes()
     m_host.setPointer(platform::pointerDefault);
 }
 
-void OpenScreen::checkSiteNames(const std::function<void()>& check)
+// What has to be asked is asked before the check begins: from then on nothing that the operator types counts.
+void OpenScreen::checkSiteNames(const std::function<CheckOfSites()>& prepare)
 {
     try {
         if (isReferenceTheWorkingDatabase())
             return;
         m_dataNtcPub.closeRecordset();
         m_dataNtcPub.closeDatabase();
+        const auto check = prepare();
+        const widgets::InputHold hold;
         check();
         // The check changes values of notices, never their number: the keys stay.
         m_keysValid = true;
@@ -64,11 +68,11 @@ void OpenScreen::checkSiteNames(const std::function<void()>& check)
 }
 
 // A dialog that is cancelled leaves 0, which is no notice's number, and the check says so: it stores nothing.
-void OpenScreen::checkOneSiteName()
+OpenScreen::CheckOfSites OpenScreen::askForOneNotice()
 {
     std::int32_t number = 0;
     SelectIndexDlg(number, this).exec();
-    checkTarget::checkOneNtc(number);
+    return [number] { checkTarget::checkOneNtc(number); };
 }
 
 } // namespace mainscreen

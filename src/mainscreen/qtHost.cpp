@@ -4,12 +4,13 @@
 #include "mainscreen/errorMsg.h"
 #include "mainscreen/frmWaiting.h"
 #include "mainscreen/messageBox.h"
+#include "mainscreen/openFileDialog.h"
 #include "mainscreen/readingWindow.h"
 #include "widgets/application.h"
+#include "widgets/inputHold.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QPainter>
 #include <QPrinter>
@@ -89,6 +90,7 @@ platform::Answer QtHost::msgBox(const std::string& text, platform::Buttons butto
                                 const std::string& title)
 {
     showReachedLine();
+    const widgets::InputLeave leave;
     return MessageBox(text, buttons, icon, title, windowInFront()).ask();
 }
 
@@ -112,17 +114,15 @@ std::optional<std::string> QtHost::openFile(const platform::FileChoice& choice)
 {
     const auto filters = nameFilters(choice.filter);
     const auto offered = QString::fromStdString(choice.fileName);
-    QFileDialog dialog(windowInFront(), QStringLiteral("Open"), m_folder);
-    dialog.setObjectName(QStringLiteral("CMDialog"));
+    OpenFileDialog dialog(windowInFront(), m_folder);
     dialog.setProperty("filter", QString::fromStdString(choice.filter));
     dialog.setProperty("fileName", offered);
-    dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setNameFilters(filters);
     if (!offered.isEmpty())
         dialog.selectFile(offered);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    if (dialog.exec() != QDialog::Accepted || dialog.chosenFile().isEmpty())
         return std::nullopt;
-    const auto path = dialog.selectedFiles().constFirst();
+    const auto path = dialog.chosenFile();
     m_folder = QFileInfo(path).absolutePath();
     return path.toStdString();
 }

@@ -1,6 +1,7 @@
 #include "widgets/application.h"
 
 #include "platform/host.h"
+#include "widgets/inputHold.h"
 #include "widgets/textEntry.h"
 
 #include <clocale>
@@ -88,7 +89,7 @@ Application::Application(int& count, char** arguments) : QApplication(count, arg
 
 bool Application::notify(QObject* receiver, QEvent* event)
 try {
-    if (isMuffledKey(receiver, *event)) {
+    if (isThrownAway(receiver, *event) || isMuffledKey(receiver, *event)) {
         event->ignore();
         return false;
     }

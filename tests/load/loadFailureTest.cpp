@@ -45,7 +45,8 @@ TEST_P(FatalNotice, EndsTheLoadUncaughtWithEveryEarlierNoticeCommitted)
 {
     EXPECT_FAILURE(GetParam().number, load(head() + assignment() + notice(GetParam().lines) + assignment()));
     EXPECT_TRUE(host.messages.empty());
-    session::db.reset(); // as the end of the process
+    EXPECT_FALSE(std::filesystem::exists(work.path() + "-journal")); // the process ends without another step
+    session::db.reset();
     EXPECT_EQ(work.count("kvr_velda"), 1);
     EXPECT_EQ(work.scalar("PRAGMA integrity_check"), "ok");
 }

@@ -611,6 +611,21 @@ TEST_F(References, AreReportedInAWindowThatItsButtonsTheFrameAndEscapeUnload)
     EXPECT_NE(work.folder().read("work.rpt").find("Notice No: 2 has no target\r\n"), std::string::npos);
 }
 
+TEST_F(References, AreReportedInAWindowWithBothButtonsWhenACheckFails)
+{
+    storeFour();
+    linkAll();
+    host.duringCheck = [] { platform::raise(platform::errOverflow); };
+    checkAll();
+    EXPECT_EQ(host.boxes, Lines{"Error 6 : Overflow"});
+    ASSERT_TRUE(host.isErrorMsgLoaded());
+    for (const char* button : {"ButtonSave", "ButtonClose"})
+        EXPECT_TRUE(windows::control<QWidget>(host.errorMsg(), button).isVisible()) << button;
+    windows::click(host.errorMsg(), "ButtonClose");
+    QTest::qWait(0);
+    EXPECT_FALSE(host.isErrorMsgLoaded());
+}
+
 TEST_F(References, AreReportedInAWindowThatTheNextCheckUnloads)
 {
     storeFour();

@@ -121,7 +121,7 @@ void play(const std::function<void()>& story)
         ask([&over] {
             over = true;
             closeWhatIsLeft();
-            QCoreApplication::quit();
+            QCoreApplication::exit();
         });
     });
     while (!over) // a window that ends the program ends the loop only
