@@ -46,6 +46,15 @@ public:
     // Null where the screen has no multi-value box of that name.
     [[nodiscard]] MultiValueBox* multiValueBox(std::string_view name) const;
 
+    // What stands on the screen, from the top: the page, which a small window scrolls, and the buttons at the
+    // foot.
+    struct Parts
+    {
+        QWidget& page;
+        QWidget& bar;
+    };
+    [[nodiscard]] Parts parts() const { return {*m_page, *m_bar}; }
+
     [[nodiscard]] QSize sizeHint() const override;
     void setVisible(bool visible) override;
 
