@@ -7,7 +7,6 @@
 #include "mainscreen/openFileDialog.h"
 #include "mainscreen/readingWindow.h"
 #include "widgets/application.h"
-#include "widgets/inputHold.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -90,7 +89,6 @@ platform::Answer QtHost::msgBox(const std::string& text, platform::Buttons butto
                                 const std::string& title)
 {
     showReachedLine();
-    const widgets::InputLeave leave;
     return MessageBox(text, buttons, icon, title, windowInFront()).ask();
 }
 

@@ -60,6 +60,15 @@ public:
     void setHidden(const Hidden& hidden);
     [[nodiscard]] const Hidden& hidden() const { return m_hidden; }
 
+    // What stands on the screen, from the top: the page, which a small window scrolls, and the buttons at the
+    // foot.
+    struct Parts
+    {
+        QWidget& page;
+        QWidget& bar;
+    };
+    [[nodiscard]] Parts parts() const { return {*m_page, *m_bar}; }
+
     [[nodiscard]] QSize sizeHint() const override;
     void setVisible(bool visible) override;
 

@@ -172,9 +172,7 @@ void readSite(const NoticeForm& form, NtcGeo& geo)
 void readLists(const NoticeForm& form, Ntc& notice)
 {
     forRowsOf(form, fields::lists, [&](const auto& row) {
-        if (!entriesFit(form, row.control))
-            return;
-        const auto entries = entriesOf(form, row.control);
+        const auto entries = entriesThatFit(form, row.control);
         std::copy(entries.begin(), entries.end(), (notice.*row.member).begin());
     });
 }

@@ -5,6 +5,7 @@
 #include "screens/sectionTests.h"
 
 #include <algorithm>
+#include <map>
 
 namespace screens {
 
@@ -62,21 +63,6 @@ void addToLists(const NoticeForm& form, const NtcRx& station)
     });
 }
 
-std::string entryAt(const NoticeForm& form, const std::string& control, std::size_t place)
-{
-    const auto entries = entriesOf(form, control);
-    return place < entries.size() ? entries[place] : std::string();
-}
-
-NtcRx stationOfEntries(const NoticeForm& form, std::size_t place)
-{
-    NtcRx station;
-    forFieldsOf(listRow, station, [&](const std::string& control, std::string& value) {
-        value = entryAt(form, control, place);
-    });
-    return station;
-}
-
 std::vector<std::string> listControls()
 {
     std::vector<std::string> names;
@@ -86,14 +72,40 @@ std::vector<std::string> listControls()
     return names;
 }
 
-// The stations that the longest of the lists tells of.
-std::size_t listedStations(const NoticeForm& form)
+// What the lists of row 6 tell of stations. Each list stands for itself: one that is too long counts as
+// empty, and the others are read all the same.
+class ListedStations
 {
-    std::size_t count = 0;
-    for (const auto& control : listControls())
-        count = std::max(count, entriesOf(form, control).size());
-    return count;
-}
+public:
+    explicit ListedStations(const NoticeForm& form)
+    {
+        for (const auto& control : listControls())
+            m_lists[control] = entriesThatFit(form, control);
+    }
+
+    // As many as the longest list has.
+    [[nodiscard]] std::size_t count() const
+    {
+        std::size_t longest = 0;
+        for (const auto& [control, entries] : m_lists)
+            longest = std::max(longest, entries.size());
+        return longest;
+    }
+
+    // With the entries at the place; beyond the end of a list they are empty.
+    [[nodiscard]] NtcRx at(std::size_t place) const
+    {
+        NtcRx station;
+        forFieldsOf(listRow, station, [&](const std::string& control, std::string& value) {
+            const auto& entries = m_lists.at(control);
+            value = place < entries.size() ? entries[place] : std::string();
+        });
+        return station;
+    }
+
+private:
+    std::map<std::string, std::vector<std::string>> m_lists;
+};
 
 void showLastPoint(const NoticeForm& form, const NtcGeoPt& point)
 {
@@ -142,9 +154,7 @@ void clearRxControls(const NoticeForm& form)
 
 void readLastPoint(const NoticeForm& form, NtcGeo& area)
 {
-    if (!allEntriesFit(form, listControls()))
-        return;
-    auto point = stationOfEntries(form, 0).geo.pt[0];
+    auto point = ListedStations(form).at(0).geo.pt[0];
     if (!anyPointKeyGiven(point))
         return;
     point.present = true;
@@ -163,11 +173,10 @@ void readSeveralPoints(const NoticeForm& form, NtcAntenna& antenna)
 
 void readListedStations(const NoticeForm& form, NtcAntenna& antenna)
 {
-    if (!allEntriesFit(form, listControls()))
-        return;
-    const auto count = std::min(listedStations(form), antenna.rx.size() - listSlot);
+    const ListedStations stations(form);
+    const auto count = std::min(stations.count(), antenna.rx.size() - listSlot);
     for (std::size_t place = 0; place < count; ++place)
-        antenna.rx[listSlot + place] = asPoint(stationOfEntries(form, place));
+        antenna.rx[listSlot + place] = asPoint(stations.at(place));
 }
 
 void readSeveralStations(const NoticeForm& form, NtcAntenna& antenna)

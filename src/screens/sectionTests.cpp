@@ -3,8 +3,6 @@
 #include "screens/controlValues.h"
 #include "screens/fieldTest.h"
 
-#include <algorithm>
-
 namespace screens {
 
 namespace {
@@ -20,19 +18,14 @@ void focusOn(const NoticeForm& form, std::string_view control)
 
 } // namespace
 
-bool entriesFit(const NoticeForm& form, std::string_view control)
+std::vector<std::string> entriesThatFit(const NoticeForm& form, std::string_view control)
 {
-    if (entriesOf(form, control).size() <= maxEntries)
-        return true;
+    auto entries = entriesOf(form, control);
+    if (entries.size() <= maxEntries)
+        return entries;
     warn(tooManyEntries);
     focusOn(form, control);
-    return false;
-}
-
-bool allEntriesFit(const NoticeForm& form, const std::vector<std::string>& controls)
-{
-    return std::all_of(controls.begin(), controls.end(),
-                       [&](const std::string& control) { return entriesFit(form, control); });
+    return {};
 }
 
 // Neither of these two boxes comes with a beep.

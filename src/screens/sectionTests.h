@@ -3,6 +3,8 @@
 #include "model/Ntc.h"
 #include "screens/noticeForm.h"
 
+#include <array>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,10 +16,8 @@ namespace screens {
 inline constexpr std::size_t maxEntries = std::tuple_size_v<decltype(Ntc::nat_srv)>;
 static_assert(decltype(NtcAntenna::rot)::size() == maxEntries);
 
-// True when the record has room for the entries of the box.
-[[nodiscard]] bool entriesFit(const NoticeForm& form, std::string_view control);
-// The same for several boxes, up to the first that fails.
-[[nodiscard]] bool allEntriesFit(const NoticeForm& form, const std::vector<std::string>& controls);
+// The entries of the box; none when the record has no room for all of them.
+[[nodiscard]] std::vector<std::string> entriesThatFit(const NoticeForm& form, std::string_view control);
 
 // True when the entries of max_fr and max_to pair up, and the record has room for them.
 [[nodiscard]] bool rotationPairsFit(const NoticeForm& form);

@@ -3,8 +3,6 @@
 #include <QEvent>
 #include <QGuiApplication>
 
-#include <utility>
-
 namespace widgets {
 
 namespace {
@@ -61,17 +59,6 @@ InputHold::~InputHold()
 {
     if (--holds == 0)
         throwAwayInput();
-}
-
-InputLeave::InputLeave() : m_holds(std::exchange(holds, 0))
-{
-    if (m_holds > 0)
-        throwAwayInput();
-}
-
-InputLeave::~InputLeave()
-{
-    holds += m_holds;
 }
 
 // A shortcut is made of a key by the toolkit itself; all else comes from the window system to a window.

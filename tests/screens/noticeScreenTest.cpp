@@ -1,4 +1,4 @@
-// A notice screen at work: what comes up, Update, Delete, Print, the keys, and how it closes.
+// A notice screen at work: what comes up, Update, Delete, the keys, and how it closes.
 #include "platform/numberText.h"
 #include "screens/labels.h"
 #include "screens/recordMapping.h"
@@ -18,13 +18,6 @@ class AScreen : public ShownNotices
 {
 protected:
     void answer(platform::Answer given) { host.answers.push_back(given); }
-};
-
-// A host without a printer.
-class NoPrinter : public FakeHost
-{
-public:
-    void print(const platform::Picture&) override { platform::raise(platform::errPrinter); }
 };
 
 std::string screenName(const testing::TestParamInfo<ScreenType>& test)
@@ -223,31 +216,6 @@ TEST_F(AScreen, DeletesNothingAfterNo)
     EXPECT_FALSE(session::ntcChanged);
     EXPECT_EQ(work.count("kvr_velda"), 2);
     EXPECT_EQ(numberInSight(), "0");
-}
-
-TEST_F(AScreen, PrintsItsImage)
-{
-    addAll({"T14"});
-    show(0);
-    click("ButtonPrint");
-    ASSERT_EQ(host.printed.size(), 1U);
-    const auto& picture = host.printed.front();
-    EXPECT_EQ(picture.width, screen().width());
-    EXPECT_EQ(picture.height, screen().height());
-    const QImage printed(picture.pixels.data(), picture.width, picture.height, QImage::Format_RGB32);
-    EXPECT_EQ(printed, screen().grab().toImage().convertToFormat(QImage::Format_RGB32));
-    EXPECT_TRUE(host.messages.empty());
-}
-
-TEST_F(AScreen, StaysWhenItCannotBePrinted)
-{
-    addAll({"T14"});
-    show(0);
-    NoPrinter without;
-    click("ButtonPrint");
-    const FakeHost::Box told{"", "The form can't be printed.", platform::Icon::None, platform::Buttons::Ok};
-    EXPECT_EQ(without.boxes, std::vector{told});
-    EXPECT_TRUE(isShown());
 }
 
 TEST_F(AScreen, DoesNothingForTheButtonThatCreatesNotices)

@@ -18,6 +18,35 @@ protected:
     NoticeForm form{ScreenType::T11};
 };
 
+using Names = std::vector<std::string>;
+
+// Sees where the focus goes after each box.
+class FocusingHost : public FakeHost
+{
+public:
+    explicit FocusingHost(const NoticeForm& form) : m_form(form) {}
+
+    platform::Answer msgBox(const std::string& text, platform::Buttons buttons, platform::Icon icon,
+                            const std::string& title) override
+    {
+        m_before.push_back(focusOf(m_form));
+        return FakeHost::msgBox(text, buttons, icon, title);
+    }
+
+    // To be asked after the last box.
+    [[nodiscard]] Names focused() const
+    {
+        auto names = m_before;
+        names.push_back(focusOf(m_form));
+        names.erase(names.begin());
+        return names;
+    }
+
+private:
+    const NoticeForm& m_form;
+    Names m_before;
+};
+
 NtcGeoPt rowPoint(std::size_t number)
 {
     auto point = aPoint(number);
@@ -36,6 +65,15 @@ NtcRx aStation(std::size_t number)
     station.geo.ctry = "C" + std::to_string(number);
     station.geo.pt[0] = rowPoint(number);
     return station;
+}
+
+// What the box of this place among listBoxes is for.
+std::string& memberOf(NtcRx& station, std::size_t box)
+{
+    const std::array stationMembers{&station.noise_temp, &station.geo.site_name, &station.geo.ctry};
+    return box < stationMembers.size()
+               ? *stationMembers.at(box)
+               : station.geo.pt[0].*fields::positions.at(box - stationMembers.size()).member;
 }
 
 NtcAntenna withStations(std::size_t count)
@@ -104,31 +142,57 @@ TEST_F(RecordMappingStations, FiveStationsStandInRowsAndFurtherOnesInLists)
 
 TEST_F(RecordMappingStations, AllFifteenAreShownAndTheirListsAreTooLongToBeStored)
 {
+    FocusingHost watched(form);
     showSection(form, withStations(15));
     EXPECT_EQ(entries(form, "Rctry6").size(), 10U);
 
     const auto section = readSection(form);
 
-    EXPECT_EQ(host.boxes, std::vector{tooManyBox});
-    EXPECT_EQ(host.beeps, 1);
-    EXPECT_EQ(focusOf(form), "noisTmp6");
+    EXPECT_EQ(watched.boxes, std::vector(listBoxes.size(), tooManyBox));
+    EXPECT_EQ(watched.beeps, 11);
+    EXPECT_EQ(watched.focused(), Names(listBoxes.begin(), listBoxes.end())) << "a box and the focus for each";
     EXPECT_TRUE(section == withStations(5));
     EXPECT_EQ(entries(form, "Rctry6").size(), 10U);
 }
 
-TEST_F(RecordMappingStations, TheFirstListThatIsTooLongIsToldAndNoStationOfTheListsIsStored)
+TEST_F(RecordMappingStations, AListThatIsTooLongIsLeftOutAndTheOthersAreStored)
 {
     for (std::size_t box = 0; box < listBoxes.size(); ++box) {
-        host.boxes.clear();
-        host.beeps = 0;
+        FocusingHost watched(form);
         showSection(form, withStations(7));
-        for (std::size_t later = box; later < listBoxes.size(); later += 3)
+        auto expected = withStations(7);
+        Names tooLong;
+        for (std::size_t later = box; later < listBoxes.size(); later += 3) {
             setEntries(form, listBoxes[later], numbered("1", 7));
-        EXPECT_TRUE(readSection(form) == withStations(5)) << listBoxes[box];
-        EXPECT_EQ(host.boxes, std::vector{tooManyBox});
-        EXPECT_EQ(host.beeps, 1);
-        EXPECT_EQ(focusOf(form), listBoxes[box]);
+            tooLong.emplace_back(listBoxes[later]);
+            for (const std::size_t slot : {5U, 6U})
+                memberOf(expected.rx[slot], later).clear();
+        }
+        EXPECT_TRUE(readSection(form) == expected) << listBoxes[box];
+        EXPECT_EQ(watched.boxes, std::vector(tooLong.size(), tooManyBox));
+        EXPECT_EQ(watched.focused(), tooLong);
     }
+}
+
+TEST_F(RecordMappingStations, SevenSitesCostNoCountryAndNoDegrees)
+{
+    InitalizeAntenna(form);
+    setEntries(form, "Rsite6", numbered("SITE ", 7));
+    setEntries(form, "Rctry6", {"F", "D"});
+    setEntries(form, "RDeg6", {"007", "008"});
+
+    const auto section = readSection(form);
+
+    EXPECT_EQ(host.boxes, std::vector{tooManyBox});
+    EXPECT_EQ(host.beeps, 1);
+    EXPECT_EQ(focusOf(form), "Rsite6");
+    EXPECT_EQ(section.rx[5].geo.ctry, "F");
+    EXPECT_EQ(section.rx[5].geo.pt[0].long_deg, "007");
+    EXPECT_EQ(section.rx[6].geo.ctry, "D");
+    EXPECT_EQ(section.rx[6].geo.pt[0].long_deg, "008");
+    EXPECT_EQ(section.rx[5].geo.site_name + section.rx[6].geo.site_name, "");
+    EXPECT_FALSE(section.rx[7].present);
+    EXPECT_EQ(entries(form, "Rsite6").size(), 7U);
 }
 
 TEST_F(RecordMappingStations, ListsOfDifferentLengthsGiveAsManyStationsAsTheLongest)
@@ -271,13 +335,25 @@ TEST_F(RecordMappingStations, WithSeveralPointsNamesAndNoiseOfTheRowsAreLost)
     }
 }
 
-TEST_F(RecordMappingStations, WithSeveralPointsALongListCostsTheSixthPointAlone)
+TEST_F(RecordMappingStations, WithSeveralPointsALongListCostsTheSixthPointItsValueAlone)
 {
     showSection(form, withPoints(6));
     setEntries(form, "RLsec6", numbered("1", 7));
     const auto section = readSection(form);
     EXPECT_EQ(host.boxes, std::vector{tooManyBox});
     EXPECT_EQ(focusOf(form), "RLsec6");
+    auto expected = withPoints(6);
+    expected.rx[0].geo.pt[5].lat_sec.clear();
+    EXPECT_TRUE(section == expected);
+}
+
+TEST_F(RecordMappingStations, WithSeveralPointsThereIsNoSixthPointWithoutAListThatFits)
+{
+    showSection(form, withPoints(6));
+    for (const auto& position : fields::positions)
+        setEntries(form, fields::pointControl(position, 6), numbered("1", 7));
+    const auto section = readSection(form);
+    EXPECT_EQ(host.boxes, std::vector(fields::positions.size(), tooManyBox));
     EXPECT_TRUE(section == withPoints(5));
 }
 
