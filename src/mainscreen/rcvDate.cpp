@@ -115,6 +115,7 @@ RcvDate::RcvDate(QWidget* parent) : QDialog(parent), m_ok(named("ButtonOK", new 
     m_year = addField(*row, 2);
 
     auto* cancel = named("ButtonCancel", new QPushButton("Cancel"));
+    cancel->setFocusPolicy(Qt::TabFocus); // a press on it leaves no field: it gives up, whatever was typed
     addOkAndCancel(*this, m_ok, cancel, [this] { takeDate(); });
     setTabOrder(m_day, m_month);
     setTabOrder(m_month, m_year);

@@ -189,7 +189,7 @@ TEST_F(ReceivedDate, holdsABadFieldAgainstEveryWayOut)
         EXPECT_TRUE(dialog.isVisible()) << way;
         EXPECT_EQ(dialog.dateRcv(), "") << way;
     };
-    for (const char* target : {"TxtMonth", "TxtYear", "ButtonOK", "ButtonCancel"}) {
+    for (const char* target : {"TxtMonth", "TxtYear", "ButtonOK"}) {
         click(dialog, target);
         expectHeld(target);
     }
@@ -282,6 +282,54 @@ TEST_F(ReceivedDate, givesNothingWhenCancelled)
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(dialog.dateRcv(), "");
     EXPECT_EQ(dialog.result(), QDialog::Rejected);
+}
+
+TEST_F(ReceivedDate, isCancelledByAClickWhateverWasTyped)
+{
+    const std::pair<const char*, const char*> rows[] = {
+        {"TxtDay", "32"}, {"TxtMonth", "x"}, {"TxtYear", "02"}, {"TxtYear", "1949"}};
+    for (const auto& [name, text] : rows) {
+        open(dialog);
+        fill(name, text);
+        click(dialog, "ButtonCancel");
+        EXPECT_FALSE(dialog.isVisible()) << text;
+        EXPECT_EQ(dialog.dateRcv(), "") << text;
+        EXPECT_EQ(told(), nothing) << text;
+        fill(name, "");
+    }
+}
+
+TEST_F(ReceivedDate, isCancelledByTheKeysThatPressItsButton)
+{
+    for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        open(dialog);
+        fillDate("5", "6", "2000");
+        press(dialog, Qt::Key_Tab);
+        press(dialog, Qt::Key_Tab);
+        ASSERT_EQ(focusName(dialog), "ButtonCancel") << key;
+        field("TxtMonth").setText("13"); // a field that is not in hand
+        press(dialog, key);
+        EXPECT_FALSE(dialog.isVisible()) << key;
+        EXPECT_EQ(dialog.dateRcv(), "") << key;
+        EXPECT_EQ(told(), nothing) << key;
+        field("TxtMonth").clear();
+        field("TxtDay").setFocus();
+    }
+}
+
+TEST_F(ReceivedDate, keepsABadFieldInHandWhenThePressOnCancelIsDraggedOff)
+{
+    auto& cancel = control<QPushButton>(dialog, "ButtonCancel");
+    fill("TxtDay", "32");
+    QTest::mousePress(&cancel, Qt::LeftButton);
+    QTest::mouseMove(&cancel, QPoint(-5, -5));
+    QTest::mouseRelease(&cancel, Qt::LeftButton, {}, QPoint(-5, -5));
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(focusName(dialog), "TxtDay");
+    EXPECT_EQ(told(), nothing);
+    press(dialog, Qt::Key_Tab);
+    EXPECT_EQ(focusName(dialog), "TxtDay");
+    EXPECT_EQ(told().size(), 1U);
 }
 
 TEST_F(ReceivedDate, forgetsTheDateOfAnEarlierShowingWhenCancelled)

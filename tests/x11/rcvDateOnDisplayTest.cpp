@@ -84,8 +84,7 @@ struct Way
     const char* control; // null: the key
     const char* key;
 };
-constexpr std::array<Way, 7> ways = {{
-    {"aClickOnCancel", "ButtonCancel", nullptr},
+constexpr std::array<Way, 6> ways = {{
     {"aClickOnOk", "ButtonOK", nullptr},
     {"aClickOnAnotherField", "TxtYear", nullptr},
     {"Tab", nullptr, "Tab"},
@@ -240,12 +239,55 @@ TEST_F(GivingUpRcvDateOnDisplay, byTheButtonOfTheFrame)
     expectClosedWithoutAWord([this] { clickClose(dialog); });
 }
 
+TEST_F(GivingUpRcvDateOnDisplay, byAClickOnCancel)
+{
+    expectClosedWithoutAWord([this] { click(child("ButtonCancel")); });
+}
+
+TEST_F(RcvDateOnDisplay, cancelIsReachedByTabAndPressedByKeys)
+{
+    play([&] {
+        int closings = 0;
+        for (const char* key : {"space", "Return"}) {
+            ask([this] { field("TxtDay").setFocus(); });
+            showDialog();
+            press({"Tab", "Tab"}); // all three are empty: that is never wrong, and OK can't be pressed
+            press({"Tab"});
+            await("Cancel has the focus", [&] { return child("ButtonCancel").hasFocus(); });
+            press({key});
+            awaitClosed();
+            EXPECT_EQ(ask([this] { return finished; }), ++closings) << key;
+        }
+        EXPECT_EQ(told(), Told{});
+    });
+}
+
+TEST_F(RcvDateOnDisplay, aPressOnCancelThatIsDraggedOffLeavesNoFieldUnchecked)
+{
+    play([&] {
+        showWithDay("32");
+        pointAt(child("ButtonCancel"));
+        mouseDown();
+        await("the button is down",
+              [&] { return control<QAbstractButton>(dialog, "ButtonCancel").isDown(); });
+        pointAt(child("LabelDateRcv"));
+        mouseUp();
+        settle();
+        EXPECT_TRUE(ask([&] { return dialog.isVisible() && field("TxtDay").hasFocus(); }));
+        EXPECT_EQ(told(), Told{});
+        press({"Tab"});
+        answer(awaitBox(), Answering::Enter);
+        expectBackInDay("32");
+        EXPECT_EQ(told(), Told{dayRange});
+    });
+}
+
 TEST_F(RcvDateOnDisplay, theReleaseAfterAPressThatBroughtABoxGoesNowhere)
 {
     play([&] {
         showWithDay("32");
         for (const bool overTheBox : {false, true}) {
-            pointAt(child("ButtonCancel"));
+            pointAt(child("ButtonOK"));
             mouseDown();
             const auto& box = awaitBox();
             if (overTheBox)
