@@ -3,19 +3,16 @@
 #include "dao/jetCache.h"
 #include "mainscreen/errorMsg.h"
 #include "mainscreen/frmWaiting.h"
+#include "mainscreen/messageBox.h"
 #include "mainscreen/readingWindow.h"
 #include "widgets/application.h"
 
 #include <QApplication>
-#include <QCloseEvent>
 #include <QDeadlineTimer>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QKeyEvent>
-#include <QMessageBox>
 #include <QPainter>
 #include <QPrinter>
-#include <QPushButton>
 #include <QThread>
 #include <QWindow>
 
@@ -24,66 +21,6 @@
 namespace mainscreen {
 
 namespace {
-
-QMessageBox::Icon iconOf(platform::Icon icon)
-{
-    switch (icon) {
-    case platform::Icon::Information:
-        return QMessageBox::Information;
-    case platform::Icon::Exclamation:
-        return QMessageBox::Warning;
-    case platform::Icon::Question:
-        return QMessageBox::Question;
-    case platform::Icon::Critical:
-        return QMessageBox::Critical;
-    case platform::Icon::None:
-        break;
-    }
-    return QMessageBox::NoIcon;
-}
-
-QMessageBox::StandardButtons buttonsOf(platform::Buttons buttons)
-{
-    return buttons == platform::Buttons::YesNo ? QMessageBox::Yes | QMessageBox::No
-                                               : QMessageBox::StandardButtons(QMessageBox::Ok);
-}
-
-// A question is answered by one of its buttons: neither Escape nor the frame stands for one of them, for a
-// stray key must not decide about an operator's changes.
-class QuestionBox : public QMessageBox
-{
-public:
-    using QMessageBox::QMessageBox;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        if (!isQuestion() || !event->matches(QKeySequence::Cancel))
-            QMessageBox::keyPressEvent(event);
-    }
-    void closeEvent(QCloseEvent* event) override
-    {
-        if (isQuestion())
-            event->ignore();
-        else
-            QMessageBox::closeEvent(event);
-    }
-
-private:
-    [[nodiscard]] bool isQuestion() const { return standardButtons().testFlag(QMessageBox::No); }
-};
-
-platform::Answer answerOf(int button)
-{
-    switch (button) {
-    case QMessageBox::Yes:
-        return platform::Answer::Yes;
-    case QMessageBox::No:
-        return platform::Answer::No;
-    default:
-        return platform::Answer::Ok;
-    }
-}
 
 // The window that a box or a dialog stands over.
 QWidget* windowInFront()
@@ -152,13 +89,7 @@ platform::Answer QtHost::msgBox(const std::string& text, platform::Buttons butto
                                 const std::string& title)
 {
     showReachedLine();
-    QuestionBox box(windowInFront());
-    box.setTextFormat(Qt::PlainText);
-    box.setIcon(iconOf(icon));
-    box.setWindowTitle(QString::fromStdString(title));
-    box.setText(QString::fromStdString(text));
-    box.setStandardButtons(buttonsOf(buttons));
-    return answerOf(box.exec());
+    return MessageBox(text, buttons, icon, title, windowInFront()).ask();
 }
 
 void QtHost::beep()
