@@ -57,6 +57,8 @@ MessageBox::MessageBox(const std::string& text, platform::Buttons buttons, platf
     setWindowTitle(QString::fromStdString(title));
     setText(QString::fromStdString(text));
     setStandardButtons(buttonsOf(buttons));
+    if (buttons == platform::Buttons::YesNoDefaultNo)
+        setDefaultButton(QMessageBox::No);
     makeRoomForTitle();
 }
 

@@ -100,4 +100,20 @@ TEST_F(MessageBoxOnDisplay, hasTheWholeTitleInItsFrame)
     });
 }
 
+TEST_F(MessageBoxOnDisplay, hasYesOrNoInHandAsTheQuestionAsks)
+{
+    play([&] {
+        show(Buttons::YesNo, "");
+        press({"Return"});
+        awaitNoBox();
+        show(Buttons::YesNoDefaultNo, "");
+        press({"Return"});
+        awaitNoBox();
+        show(Buttons::YesNoDefaultNo, "");
+        press({"Escape", "alt+y"});
+        awaitNoBox();
+        EXPECT_EQ(ask([this] { return answers; }), (std::vector{Answer::Yes, Answer::No, Answer::Yes}));
+    });
+}
+
 } // namespace
