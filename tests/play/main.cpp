@@ -110,7 +110,7 @@ private:
     std::filesystem::path m_folder;
 };
 
-int run(const play::Options& options, int count, char** arguments)
+int run(const play::Options& options, char** arguments)
 {
     auto commands = play::parseScript(scriptText(options.script));
     qInstallMessageHandler(passOnMessage);
@@ -118,7 +118,7 @@ int run(const play::Options& options, int count, char** arguments)
     choosePlatform(options, offscreenSettings);
     setHostUp(options);
     const CacheOfPlay cache;
-    const widgets::Application application(count, arguments);
+    const widgets::Application application(arguments);
     if (!offscreenSettings.fileName().isEmpty())
         offscreenSettings.remove(); // it has been read, and the process may end without another word
     static play::PrintedTranscript transcript; // the report of a failure prints on it when all else is gone
@@ -140,7 +140,7 @@ int run(const play::Options& options, int count, char** arguments)
 
 int main(int count, char** arguments)
 try {
-    return run(play::parseOptions({arguments + 1, arguments + count}), count, arguments);
+    return run(play::parseOptions({arguments + 1, arguments + count}), arguments);
 } catch (const play::UsageError& error) {
     std::cerr << "play: " << error.what()
               << "\nusage: play [--program-dir DIR] [--user NAME] [--now \"YYYY-MM-DD HH:MM:SS\"]"
