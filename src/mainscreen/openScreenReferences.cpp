@@ -66,9 +66,9 @@ void OpenScreen::checkSiteNames(const std::function<void()>& check)
 // A dialog that is cancelled leaves 0, which is no notice's number, and the check says so: it stores nothing.
 void OpenScreen::checkOneSiteName()
 {
-    std::int32_t number = 0;
-    SelectIndexDlg(number, this).exec();
-    checkTarget::checkOneNtc(number);
+    SelectIndexDlg dialog(this);
+    dialog.exec();
+    checkTarget::checkOneNtc(dialog.number());
 }
 
 } // namespace mainscreen
