@@ -48,7 +48,7 @@ int main(int count, char** arguments)
     int status = 0;
     try {
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        const widgets::Application application(count, arguments);
+        const widgets::Application application(arguments);
         run(count, arguments);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());

@@ -106,7 +106,7 @@ void walk(const std::string& database, int steps)
 int main(int count, char** arguments)
 try {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const widgets::Application application(count, arguments);
+    const widgets::Application application(arguments);
     const std::string task = count > 1 ? arguments[1] : "";
     if (task == "start")
         start();

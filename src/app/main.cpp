@@ -16,9 +16,9 @@ QIcon programIcon()
 
 } // namespace
 
-int main(int count, char** arguments)
+int main(int, char** arguments)
 {
-    const widgets::Application application(count, arguments);
+    const widgets::Application application(arguments);
     QApplication::setWindowIcon(programIcon());
     mainscreen::QtHost host;
     mainscreen::OpenScreen screen(host);

@@ -235,7 +235,8 @@ public:
 
     // For the filling of a fresh database: until Close a commit survives the death of the process but need
     // not have reached the disk, and the engine's statistics of the tables are renewed as rows come in. Close
-    // puts everything on the disk and leaves one single file.
+    // puts everything on the disk and leaves one single file. Where nothing can be written nothing changes:
+    // the writes tell.
     void beginBulkLoad(const std::vector<std::string>& tablesToAnalyse);
 
     // A quick check of the whole file: 3049 when it is damaged; what keeps the check from running, as itself.

@@ -288,8 +288,14 @@ void Database::State::releaseLoadLock()
 
 void Database::State::beginBulkLoad(const std::vector<std::string>& tablesToAnalyse)
 {
-    if (m_old)
-        beginWrite();
+    ensureOpen();
+    try {
+        if (m_old)
+            beginWrite();
+        openWaitingFiles();
+    } catch (const platform::RuntimeError&) {
+        return; // each write tells why it can't be done
+    }
     // A commit is a write into the operating system's memory, which outlives the process, and the journal is
     // kept from one transaction to the next instead of being made and removed each time. Where a setting is
     // refused the load is as right without it, only slower.

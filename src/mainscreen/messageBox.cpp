@@ -1,7 +1,11 @@
 #include "mainscreen/messageBox.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QGridLayout>
 #include <QKeyEvent>
+#include <QStyle>
+#include <QWindow>
 
 namespace mainscreen {
 
@@ -53,11 +57,35 @@ MessageBox::MessageBox(const std::string& text, platform::Buttons buttons, platf
     setWindowTitle(QString::fromStdString(title));
     setText(QString::fromStdString(text));
     setStandardButtons(buttonsOf(buttons));
+    if (buttons == platform::Buttons::YesNoDefaultNo)
+        setDefaultButton(QMessageBox::No);
+    makeRoomForTitle();
 }
 
 platform::Answer MessageBox::ask()
 {
     return answerOf(exec());
+}
+
+// The toolkit takes the letters of a title for as wide as those of the text, beside one button of the frame.
+// Frames draw them bold and in the middle: what the buttons take on one side is lost on the other too.
+void MessageBox::makeRoomForTitle()
+{
+    constexpr int lostSquares = 2 * 3;
+    auto font = QApplication::font("QMdiSubWindowTitleBar");
+    font.setBold(true);
+    const int width = QFontMetrics(font).horizontalAdvance(windowTitle()) +
+                      lostSquares * style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+    if (auto* const grid = qobject_cast<QGridLayout*>(layout()))
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+void MessageBox::showEvent(QShowEvent* event)
+{
+    QMessageBox::showEvent(event);
+    // For a window without a title the toolkit puts the program's name in the frame.
+    if (windowTitle().isEmpty())
+        windowHandle()->setTitle(QStringLiteral(" "));
 }
 
 // Neither Escape nor the frame stands for a button of a question: a stray key must not decide about an

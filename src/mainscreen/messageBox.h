@@ -8,7 +8,8 @@
 
 namespace mainscreen {
 
-// A box of plain text as the host shows it: a question is answered by one of its buttons only.
+// A box of plain text as the host shows it: a question is answered by one of its buttons only, and the frame
+// has the title that it was given and no other.
 class MessageBox : public QMessageBox
 {
 public:
@@ -20,11 +21,13 @@ public:
     [[nodiscard]] platform::Answer ask();
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
     [[nodiscard]] bool isQuestion() const { return standardButtons().testFlag(QMessageBox::No); }
+    void makeRoomForTitle();
 };
 
 } // namespace mainscreen

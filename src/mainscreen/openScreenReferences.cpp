@@ -70,9 +70,9 @@ void OpenScreen::checkSiteNames(const std::function<CheckOfSites()>& prepare)
 // A dialog that is cancelled leaves 0, which is no notice's number, and the check says so: it stores nothing.
 OpenScreen::CheckOfSites OpenScreen::askForOneNotice()
 {
-    std::int32_t number = 0;
-    SelectIndexDlg(number, this).exec();
-    return [number] { checkTarget::checkOneNtc(number); };
+    SelectIndexDlg dialog(this);
+    dialog.exec();
+    return [number = dialog.number()] { checkTarget::checkOneNtc(number); };
 }
 
 } // namespace mainscreen

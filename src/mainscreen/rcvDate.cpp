@@ -6,6 +6,7 @@
 #include "platform/host.h"
 #include "platform/numberText.h"
 #include "widgets/leaveGate.h"
+#include "widgets/textEntry.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -130,7 +131,7 @@ QLineEdit* RcvDate::addField(QGridLayout& row, int column)
         fields[static_cast<std::size_t>(column)];
     row.addWidget(named(labelName, new QLabel(label)), 0, column + 1);
     auto* field = named(name, new QLineEdit, spokenName);
-    field->setMaxLength(maxLength);
+    new widgets::TextEntry(*field, maxLength);
     field->setFixedWidth(field->fontMetrics().horizontalAdvance(QString(maxLength + 2, 'M')));
     row.addWidget(field, 1, column + 1);
     widgets::checkOnLeaving(field, [this, field, check = faultOf] {

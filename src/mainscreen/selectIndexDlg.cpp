@@ -2,6 +2,7 @@
 
 #include "mainscreen/dialogParts.h"
 #include "platform/numberText.h"
+#include "widgets/textEntry.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -11,8 +12,8 @@
 
 namespace mainscreen {
 
-SelectIndexDlg::SelectIndexDlg(std::int32_t& number, QWidget* parent)
-    : QDialog(parent), m_number(number), m_index(named("TxtIndex", new QLineEdit, "Index number"))
+SelectIndexDlg::SelectIndexDlg(QWidget* parent)
+    : QDialog(parent), m_index(named("TxtIndex", new QLineEdit, "Index number"))
 {
     setWindowTitle("Notice");
     auto* layout = new QVBoxLayout(this);
@@ -23,14 +24,16 @@ SelectIndexDlg::SelectIndexDlg(std::int32_t& number, QWidget* parent)
     layout->addLayout(row);
 
     addOkAndCancel(*this, named("OKButton", new QPushButton("OK")),
-                   named("CancelButton", new QPushButton("Cancel")), [this] { takeNumber(); });
+                   named("CancelButton", new QPushButton("Cancel")), [this] { accept(); });
+    new widgets::TextEntry(*m_index);
     m_index->setFocus();
 }
 
-void SelectIndexDlg::takeNumber()
+std::int32_t SelectIndexDlg::number() const
 {
-    m_number = platform::roundToLong(platform::readNumber(m_index->text().toStdString()));
-    accept();
+    if (result() != Accepted)
+        return 0;
+    return platform::roundToLong(platform::readNumber(m_index->text().toStdString()));
 }
 
 } // namespace mainscreen

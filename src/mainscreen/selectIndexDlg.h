@@ -13,13 +13,13 @@ class SelectIndexDlg : public QDialog
 {
     Q_OBJECT
 public:
-    // Closed by its frame it leaves the number as it was. The number must outlive the dialog.
-    explicit SelectIndexDlg(std::int32_t& number, QWidget* parent = nullptr);
+    explicit SelectIndexDlg(QWidget* parent = nullptr);
+
+    // What the text begins with, rounded; 0 without OK. Throws RuntimeError 6 for more than 32 bits: the
+    // asker has a handler, the dialog has none.
+    [[nodiscard]] std::int32_t number() const;
 
 private:
-    void takeNumber();
-
-    std::int32_t& m_number;
     QLineEdit* m_index;
 };
 

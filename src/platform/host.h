@@ -20,7 +20,8 @@ enum class Icon : std::uint8_t
 enum class Buttons : std::uint8_t
 {
     Ok,
-    YesNo
+    YesNo,         // Yes is in hand
+    YesNoDefaultNo // for what can't be undone
 };
 enum class Answer : std::uint8_t
 {

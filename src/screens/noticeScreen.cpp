@@ -30,11 +30,11 @@ namespace {
 
 constexpr int mostSections = static_cast<int>(decltype(Ntc::antenna)::size());
 
-bool askYesNo(const char* question, const char* rest, const char* title)
+bool askYesNo(const char* question, const char* rest, const char* title,
+              platform::Buttons buttons = platform::Buttons::YesNo)
 {
-    return platform::host().msgBox(question + platform::integerText(session::currentVeldaKey) + rest,
-                                   platform::Buttons::YesNo, platform::Icon::None,
-                                   title) == platform::Answer::Yes;
+    return platform::host().msgBox(question + platform::integerText(session::currentVeldaKey) + rest, buttons,
+                                   platform::Icon::None, title) == platform::Answer::Yes;
 }
 
 // Runs the steps on the database opened for writing, in the default workspace.
@@ -199,7 +199,8 @@ void NoticeScreen::updateNotice()
 
 void NoticeScreen::deleteNotice()
 {
-    if (!askYesNo("Delete No : ", " from the database? ", "Delete notice from database"))
+    if (!askYesNo("Delete No : ", " from the database? ", "Delete notice from database",
+                  platform::Buttons::YesNoDefaultNo))
         return;
     session::ntcChanged = true;
     writing(m_dbName, [] { deleteNtcFromDB::deleteNtc(session::currentVeldaKey, session::ws, session::db); });

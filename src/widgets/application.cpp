@@ -4,6 +4,9 @@
 #include "widgets/inputHold.h"
 #include "widgets/textEntry.h"
 
+#include <QSettings>
+
+#include <array>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -33,6 +36,30 @@ std::function<void(const platform::RuntimeError&)>& reporter()
 {
     std::fflush(nullptr);
     std::_Exit(exitAfterFailure);
+}
+
+// A command line that the toolkit finds no options of its own in; it goes on referring to it.
+struct CommandLine
+{
+    int count = 1;
+    std::array<char*, 2> words{}; // with the null behind them
+};
+
+CommandLine& nameAlone(char** arguments)
+{
+    static CommandLine line;
+    line.words.front() = arguments[0];
+    return line;
+}
+
+// The toolkit's own dialogs would look for a file of settings in the folders of the user and of the system,
+// and leave one there. Among the program's resources there is none, and none can be made.
+void keepNoSettings()
+{
+    for (const auto format : {QSettings::NativeFormat, QSettings::IniFormat}) {
+        for (const auto scope : {QSettings::UserScope, QSettings::SystemScope})
+            QSettings::setPath(format, scope, QStringLiteral(":/settings"));
+    }
 }
 
 platform::RuntimeError fixedFailure(platform::ErrorNumber number)
@@ -79,8 +106,10 @@ void endWithCurrentException()
     }
 }
 
-Application::Application(int& count, char** arguments) : QApplication(count, arguments)
+Application::Application(char** arguments)
+    : QApplication(nameAlone(arguments).count, nameAlone(arguments).words.data())
 {
+    keepNoSettings();
     // The toolkit takes over the host's locale for the C library too; numbers in files have a decimal point.
     std::setlocale(LC_NUMERIC, "C");
     setApplicationName(QStringLiteral("zeph_rvis"));

@@ -39,8 +39,9 @@ class Application : public QApplication
 {
     Q_OBJECT
 public:
-    // `count` must outlive the application. No display name: it would get into the titles of message boxes.
-    Application(int& count, char** arguments);
+    // The first argument, the program's name, is all that the toolkit gets to see of the command line, and no
+    // settings are read or kept. No display name: it would get into the titles of message boxes.
+    explicit Application(char** arguments);
 
     bool notify(QObject* receiver, QEvent* event) override;
 

@@ -7,9 +7,9 @@ class QObject;
 // when it ends.
 namespace widgets {
 
-// While one lives, input waits with the window system, for the work runs no event loop that takes it but those
-// of its boxes, and a box keeps it from all other windows. When the last one goes, what has come by then is
-// thrown away.
+// While one lives, input waits with the window system, for the work runs no event loop that takes it but
+// those of its boxes, and a box keeps it from all other windows. When the last one goes, what has come by
+// then is thrown away.
 class InputHold
 {
 public:

@@ -147,6 +147,62 @@ TEST_F(FailingLoad, ALockedDatabaseShowsItsMessageAndTheBoxForEachNotice)
                                     "There has been a database error - no updates in the database"}));
 }
 
+TEST_F(FailingLoad, OverAFileThatMayOnlyBeReadComesToItsEnd)
+{
+    const FaultyFiles files;
+    FaultyFiles::refuseWriting(true);
+    load(head() + assignment() + assignment());
+    FaultyFiles::refuseWriting(false);
+    EXPECT_EQ(work.count("kvr_velda"), 0);
+    EXPECT_EQ(std::count(host.messages.begin(), host.messages.end(),
+                         "There has been a database error - no updates in the database"),
+              2);
+}
+
+// An old file stands where the master could not be copied to.
+class LoadOverOldFile : public LoadFixture
+{
+protected:
+    LoadOverOldFile()
+    {
+        std::filesystem::copy_file(std::filesystem::path(ZEPH_TEST_DIR) / "data/jet/jet4/work200.mdb", old);
+        original = work.folder().read(name);
+    }
+
+    // Two notices; each must tell that it is not stored, and nothing else may happen to the old file.
+    void expectEachNoticeToFail(const std::string& reason)
+    {
+        session::electFileName = work.folder().write("notices.txt", head() + assignment() + assignment());
+        readNtcAndWriteToDB::openElectFile(session::notice);
+        readNtcAndWriteToDB::loadElectFile(session::notice, old);
+        const std::string notStored = "There has been a database error - no updates in the database";
+        EXPECT_EQ(std::count(host.messages.begin(), host.messages.end(), notStored), 2);
+        const auto reasons = std::count_if(host.messages.begin(), host.messages.end(),
+                                           [&](const auto& text) { return text.starts_with(reason); });
+        EXPECT_GE(reasons, 2);
+        EXPECT_EQ(static_cast<std::size_t>(reasons) + 2, host.messages.size());
+        EXPECT_EQ(session::dbStatus, "ERROR_DB");
+        EXPECT_EQ(work.folder().read(name), original);
+    }
+
+    // The longest that a folder takes: there is no room for the name of its corrections.
+    const std::string name = std::string(251, 'a') + ".mdb";
+    const std::string old = work.folder().file(name);
+    std::string original;
+};
+
+TEST_F(LoadOverOldFile, TellsOfEachNoticeWhereNoCorrectionsCanBeMadeAndComesToItsEnd)
+{
+    expectEachNoticeToFail("Error 3027 ");
+}
+
+TEST_F(LoadOverOldFile, TellsOfEachNoticeWhereTheDiskIsFullAndComesToItsEnd)
+{
+    const FaultyFiles files;
+    FaultyFiles::failWrite(1, SQLITE_FULL, true);
+    expectEachNoticeToFail("Error 3026 ");
+}
+
 TEST_F(FailingLoad, AFailedCopyOfTheMasterGoesOnIntoWhateverFileStandsThere)
 {
     load(head() + assignment());

@@ -6,6 +6,7 @@
 #include "support/windows.h"
 
 #include <gtest/gtest.h>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -92,6 +93,17 @@ TEST_F(ReceivedDate, takesTwoAndFourCharacters)
     fill("TxtMonth", "123");
     EXPECT_EQ(field("TxtMonth").text(), "12");
     fill("TxtYear", "20021");
+    EXPECT_EQ(field("TxtYear").text(), "2002");
+}
+
+TEST_F(ReceivedDate, takesAPastedNumberWithoutWhatStandsAroundIt)
+{
+    for (const auto& [name, text] : {std::pair("TxtDay", " 15\n"), std::pair("TxtYear", "\t2002\r\n1")}) {
+        QGuiApplication::clipboard()->setText(text);
+        field(name).setFocus();
+        press(dialog, Qt::Key_V, Qt::ControlModifier);
+    }
+    EXPECT_EQ(field("TxtDay").text(), "15");
     EXPECT_EQ(field("TxtYear").text(), "2002");
 }
 

@@ -10,7 +10,6 @@
 
 #include <QTemporaryFile>
 
-#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -111,7 +110,7 @@ private:
     std::filesystem::path m_folder;
 };
 
-int run(const play::Options& options, char* program)
+int run(const play::Options& options, char** arguments)
 {
     auto commands = play::parseScript(scriptText(options.script));
     qInstallMessageHandler(passOnMessage);
@@ -119,10 +118,7 @@ int run(const play::Options& options, char* program)
     choosePlatform(options, offscreenSettings);
     setHostUp(options);
     const CacheOfPlay cache;
-    // The other arguments are told apart already; the toolkit would take its platform from them again.
-    std::array arguments{program, static_cast<char*>(nullptr)};
-    int count = 1;
-    const widgets::Application application(count, arguments.data());
+    const widgets::Application application(arguments);
     if (!offscreenSettings.fileName().isEmpty())
         offscreenSettings.remove(); // it has been read, and the process may end without another word
     static play::PrintedTranscript transcript; // the report of a failure prints on it when all else is gone
@@ -144,7 +140,7 @@ int run(const play::Options& options, char* program)
 
 int main(int count, char** arguments)
 try {
-    return run(play::parseOptions({arguments + 1, arguments + count}), arguments[0]);
+    return run(play::parseOptions({arguments + 1, arguments + count}), arguments);
 } catch (const play::UsageError& error) {
     std::cerr << "play: " << error.what()
               << "\nusage: play [--program-dir DIR] [--user NAME] [--now \"YYYY-MM-DD HH:MM:SS\"]"

@@ -133,7 +133,7 @@ TEST_F(AScreen, ShowsTheFollowingNoticeAfterDelete)
     answer(yes);
     click("ButtonDelete");
     const FakeHost::Box asked{"Delete notice from database", "Delete No : 2 from the database? ",
-                              platform::Icon::None, platform::Buttons::YesNo};
+                              platform::Icon::None, platform::Buttons::YesNoDefaultNo};
     EXPECT_EQ(host.boxes, std::vector{asked});
     EXPECT_TRUE(session::ntcChanged);
     EXPECT_EQ(numberInSight(), "2");

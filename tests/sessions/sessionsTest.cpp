@@ -207,6 +207,7 @@ protected:
         printed += shownRows();
         printed += shownChanges();
         EXPECT_EQ(status, head.status) << printed << folder.read("stderr");
+        EXPECT_FALSE(fs::exists(folder.file("settings"))) << "the program keeps none";
         return printed;
     }
 

@@ -9,6 +9,6 @@ int main(int count, char** arguments)
     testing::InitGoogleTest(&count, arguments);
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    const widgets::Application application(count, arguments);
+    const widgets::Application application(arguments);
     return RUN_ALL_TESTS();
 }

@@ -485,6 +485,21 @@ TEST_F(NoticeScreenOnDisplay, aYesToTheQuestionFromAnEmptyAdministrationUpdates)
     });
 }
 
+TEST_F(NoticeScreenOnDisplay, enterDoesNotDelete)
+{
+    play([&] {
+        const auto forget = qScopeGuard([] { ask([] { session::ntcChanged = false; }); });
+        open({"T11"});
+        clickOn("ButtonDelete");
+        awaitBox();
+        EXPECT_EQ(told(), Told{"Delete No : 1 from the database? "});
+        press({"Return"});
+        awaitBackInScreen();
+        EXPECT_FALSE(ask([] { return session::ntcChanged; }));
+        EXPECT_EQ(ask([this] { return work.count("kvr_velda"); }), 1);
+    });
+}
+
 // Boxes of several values.
 
 class BoxOfValuesNoticeScreenOnDisplay : public NoticeScreenOnDisplay

@@ -186,7 +186,7 @@ void mouseUp()
 
 void clickClose(const QWidget& window)
 {
-    // The title bar holds the title and, at its right end, this one square button.
+    // It is the square at the right end of the title bar.
     const int height = ask([&window] { return window.windowHandle()->frameMargins().top(); });
     if (height <= 0)
         throw std::runtime_error("the window has no title bar");
