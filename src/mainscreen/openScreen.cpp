@@ -24,20 +24,14 @@ constexpr const char* openEvent = " Rvis(1.6.1) Successful OPEN   by ";
 constexpr const char* exitEvent = " Rvis. Successful EXIT   by ";
 constexpr const char* unloadEvent = " Rvis. Successful UNLOAD by ";
 
-// Runs one statement whose failure is passed over.
-template <class Statement>
-void resumingNext(Statement statement)
-{
-    try {
-        statement();
-    } catch (const platform::RuntimeError&) {
-        return; // the next statement is the answer to it
-    }
-}
-
+// A log that can't be reached disturbs nobody.
 void writeLogLine(const char* event)
 {
-    resumingNext([event] { session::writeLogLine(event); });
+    try {
+        session::writeLogLine(event);
+    } catch (const platform::RuntimeError&) {
+        return;
+    }
 }
 
 } // namespace
@@ -126,12 +120,13 @@ void OpenScreen::exitProgram()
 {
     m_dataNtcPub.unbind();
     writeLogLine(exitEvent);
-    // A failure while changes are saved keeps the screen, and with it the changes.
-    resumingNext([this] {
+    try {
         unload();
         close();
-    });
-    m_host.setPointer(platform::pointerDefault);
+    } catch (const platform::RuntimeError& failure) {
+        // Changes that could not be saved keep the screen, and are offered again.
+        platform::showFailure(failure);
+    }
 }
 
 void OpenScreen::unload()
