@@ -423,11 +423,20 @@ TEST_F(Check, ANumberThatIsTooLargeEndsTheCheckWithTheNoticesBeforeItStored)
     work.execute("UPDATE kvr_velda SET op_hh_to = 9E9 WHERE veldakey = 2");
     EXPECT_EQ(failureOf([] { checkTarget::checkAllNtc(); }), 6);
     EXPECT_EQ(host.errorLines, Steps{"Notice No: 1 target found"});
+    EXPECT_EQ(host.checkSteps.back(), "end") << "the window can be closed";
     session::db.reset();
     EXPECT_EQ(site(1), "Recorded,CCC");
 }
 
 // One notice.
+
+TEST_F(Check, OfOneNoticeWithANumberThatIsTooLargeEndsWithAWindowThatCanBeClosed)
+{
+    store(numbered(1));
+    work.execute("UPDATE kvr_velda SET op_hh_to = 9E9 WHERE veldakey = 1");
+    EXPECT_EQ(failureOf([] { checkTarget::checkOneNtc(1); }), 6);
+    EXPECT_EQ(host.checkSteps, (Steps{"open", "text Please wait....", "end"}));
+}
 
 TEST_F(Check, OfOneNoticeShowsEachStepInTurn)
 {

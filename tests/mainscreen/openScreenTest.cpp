@@ -80,6 +80,27 @@ TEST_F(MainScreen, HasANameToReadOutForEachControlAndNoDisplayNameInTitles)
     EXPECT_EQ(screen.windowTitle(), "ZEPH_Rvis");
 }
 
+TEST_F(MainScreen, ShowsWhatToDoFirstAgainWhenNothingCouldBeOpened)
+{
+    const auto isShown = [this](const char* text) {
+        const auto labels = screen.findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(), [text](const QLabel* label) {
+            return label->isVisible() && label->text().startsWith(text);
+        });
+    };
+    EXPECT_TRUE(isShown("Ctrl+T opens"));
+    host.chosen = work.folder().write("text.mdb", "no database");
+    trigger("mnuOpenMDB");
+    ASSERT_EQ(host.boxes.size(), 1U);
+    EXPECT_TRUE(isShown("Ctrl+T opens"));
+    EXPECT_FALSE(isShown("Loading database"));
+    EXPECT_EQ(host.pointer(), platform::pointerDefault);
+    host.chosen = work.path();
+    trigger("mnuOpenMDB");
+    EXPECT_TRUE(list().isVisible());
+    EXPECT_FALSE(isShown("Ctrl+T opens"));
+}
+
 TEST_F(MainScreen, KeepsPlaceWidthsAndRowWhileANoticeIsOpened)
 {
     fill(300, "T15");
