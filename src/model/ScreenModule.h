@@ -39,8 +39,8 @@ namespace ScreenModule {
 // two dots.
 void splitDottedDate(std::string& text, std::string& year, std::string& month, std::string& day);
 
-// A date in any form that the host reads, as "dd.mm.yyyy". Text that is no date stays, with "/" in the place of
-// the host's date separator.
+// A date in any form that the host reads, as "dd.mm.yyyy". Text that is no date stays, with "/" in the place
+// of the host's date separator.
 [[nodiscard]] std::string formatDateDots(std::string_view text);
 
 // The host's setting of the section "intl" by its key; the one known key is "sdate". Empty for any other.

@@ -126,8 +126,7 @@ std::string mapLetters(std::string_view text, Map map)
     for (std::size_t position = 0; position < text.size();) {
         const auto start = position;
         const auto code = nextCode(text, position);
-        const auto mapped =
-            isAnsi(code) ? static_cast<char32_t>(map(static_cast<UChar32>(code))) : code;
+        const auto mapped = isAnsi(code) ? static_cast<char32_t>(map(static_cast<UChar32>(code))) : code;
         if (mapped != code && isAnsi(mapped))
             appendUtf8(result, mapped);
         else
