@@ -12,6 +12,7 @@
 #include "platform/hostFormat.h"
 #include "platform/numberText.h"
 
+#include <exception>
 #include <limits>
 
 namespace readNtcAndWriteToDB {
@@ -77,12 +78,12 @@ void loadNotices(Ntc& ntc)
 
 // The failure that is under way ends the program without another step; the journal that a load keeps would
 // stay beside a sound database.
-void closeForGood(const dao::Ref<dao::Database>& database)
+void closeQuietly(const dao::Ref<dao::Database>& database)
 {
     try {
         if (database)
             database->Close();
-    } catch (const platform::RuntimeError&) {
+    } catch (const std::exception&) {
         return; // the first failure is the one to be told
     }
 }
@@ -129,7 +130,7 @@ void loadElectFile(Ntc& ntc, const std::string& workingDatabase)
     try {
         loadNotices(ntc);
     } catch (...) {
-        closeForGood(session::db);
+        closeQuietly(session::db);
         throw;
     }
     platform::closeFile(electFile);

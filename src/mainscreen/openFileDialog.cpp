@@ -4,11 +4,17 @@
 
 namespace mainscreen {
 
-OpenFileDialog::OpenFileDialog(QWidget* parent, const QString& folder)
+OpenFileDialog::OpenFileDialog(QWidget* parent, const QString& folder, const Look& look)
     : QFileDialog(parent, QStringLiteral("Open"), folder)
 {
     setObjectName(QStringLiteral("CMDialog"));
     setFileMode(QFileDialog::ExistingFile);
+    if (look.state.isEmpty())
+        return;
+    const auto here = directory();
+    restoreState(look.state); // the folder too, which is not how it looks
+    setDirectory(here);
+    resize(look.size);
 }
 
 QString OpenFileDialog::chosenFile() const

@@ -10,8 +10,15 @@ class OpenFileDialog : public QFileDialog
 {
     Q_OBJECT
 public:
-    OpenFileDialog(QWidget* parent, const QString& folder);
+    // How the operator left it: size, columns, view. It lasts as long as the program; no file keeps it.
+    struct Look
+    {
+        QSize size;
+        QByteArray state;
+    };
+    OpenFileDialog(QWidget* parent, const QString& folder, const Look& look = {});
 
+    [[nodiscard]] Look look() const { return {size(), saveState()}; }
     // Its path once the dialog was accepted.
     [[nodiscard]] QString chosenFile() const;
 

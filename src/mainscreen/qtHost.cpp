@@ -112,13 +112,15 @@ std::optional<std::string> QtHost::openFile(const platform::FileChoice& choice)
 {
     const auto filters = nameFilters(choice.filter);
     const auto offered = QString::fromStdString(choice.fileName);
-    OpenFileDialog dialog(windowInFront(), m_folder);
+    OpenFileDialog dialog(windowInFront(), m_folder, m_fileDialogLook);
     dialog.setProperty("filter", QString::fromStdString(choice.filter));
     dialog.setProperty("fileName", offered);
     dialog.setNameFilters(filters);
     if (!offered.isEmpty())
         dialog.selectFile(offered);
-    if (dialog.exec() != QDialog::Accepted || dialog.chosenFile().isEmpty())
+    const int answer = dialog.exec();
+    m_fileDialogLook = dialog.look();
+    if (answer != QDialog::Accepted || dialog.chosenFile().isEmpty())
         return std::nullopt;
     const auto path = dialog.chosenFile();
     m_folder = QFileInfo(path).absolutePath();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mainscreen/openFileDialog.h"
 #include "platform/host.h"
 
 #include <QElapsedTimer>
@@ -69,7 +70,8 @@ private:
     void hideReading();
 
     int m_pointer = platform::pointerDefault;
-    QString m_folder;               // of the file picked last; empty before the first
+    QString m_folder; // of the file picked last; empty before the first
+    OpenFileDialog::Look m_fileDialogLook;
     QPointer<ErrorMsg> m_errorMsg;  // goes with the window that it was loaded over, at the latest
     QPointer<FrmWaiting> m_waiting; // likewise
     QPointer<ReadingWindow> m_reading;

@@ -123,3 +123,19 @@ TEST_F(FileDialog, StaysWithANameThatIsNotThere)
     type("not\"there.mdb");
     EXPECT_TRUE(dialog.isVisible());
 }
+
+TEST_F(FileDialog, ComesUpAgainAsTheOperatorLeftIt)
+{
+    write("here/c.mdb");
+    windows::open(dialog);
+    windows::click(dialog, "detailModeButton");
+    dialog.resize(901, 503);
+    const auto look = dialog.look();
+    OpenFileDialog next(nullptr, pathOf("here"), look);
+    next.setOption(QFileDialog::DontUseNativeDialog);
+    windows::open(next);
+    EXPECT_EQ(next.size(), QSize(901, 503));
+    EXPECT_EQ(next.viewMode(), QFileDialog::Detail);
+    EXPECT_EQ(next.directory().absolutePath(), pathOf("here"));
+    EXPECT_EQ(next.fileMode(), QFileDialog::ExistingFile);
+}
