@@ -63,15 +63,6 @@ void addToLists(const NoticeForm& form, const NtcRx& station)
     });
 }
 
-std::vector<std::string> listControls()
-{
-    std::vector<std::string> names;
-    const NtcRx none;
-    forFieldsOf(listRow, none,
-                [&](const std::string& control, const std::string&) { names.push_back(control); });
-    return names;
-}
-
 // What the lists of row 6 tell of stations. Each list stands for itself: one that is too long counts as
 // empty, and the others are read all the same.
 class ListedStations
@@ -79,7 +70,7 @@ class ListedStations
 public:
     explicit ListedStations(const NoticeForm& form)
     {
-        for (const auto& control : listControls())
+        for (const auto& control : listedStationControls())
             m_lists[control] = entriesThatFit(form, control);
     }
 
@@ -203,13 +194,17 @@ void showStations(const NoticeForm& form, const NtcAntenna& antenna)
         if (isPoint(antenna.rx[slot]))
             showFurtherStation(form, slot, antenna.rx[slot]);
     }
-    for (const auto& control : listControls())
+    for (const auto& control : listedStationControls())
         showFirstEntry(form, control);
 }
 
 std::vector<std::string> listedStationControls()
 {
-    return listControls();
+    std::vector<std::string> names;
+    const NtcRx none;
+    forFieldsOf(listRow, none,
+                [&](const std::string& control, const std::string&) { names.push_back(control); });
+    return names;
 }
 
 void readStations(const NoticeForm& form, NtcAntenna& antenna)
