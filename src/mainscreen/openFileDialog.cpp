@@ -35,7 +35,7 @@ void OpenFileDialog::accept()
         name->clear();
     } else {
         m_chosen = file.absoluteFilePath();
-        QDialog::accept();
+        done(Accepted);
     }
 }
 

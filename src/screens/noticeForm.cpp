@@ -80,7 +80,8 @@ void markFieldsNotStored(const NoticeForm& form)
 
 } // namespace
 
-NoticeForm::NoticeForm(ScreenType type, QWidget* parent) : QDialog(parent), m_type(type)
+NoticeForm::NoticeForm(ScreenType type, QWidget* parent)
+    : QDialog(parent), m_type(type), m_hints(new HintLine(*this))
 {
     setObjectName(QString::fromStdString(std::string(typeName(type))) + QStringLiteral("Screen"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -96,7 +97,6 @@ NoticeForm::NoticeForm(ScreenType type, QWidget* parent) : QDialog(parent), m_ty
     auto* const all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->setSpacing(0);
-    m_hints = new HintLine(*this);
     all->addWidget(area, 1);
     all->addWidget(m_hints);
     all->addWidget(bar);
