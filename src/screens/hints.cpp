@@ -183,6 +183,14 @@ bool anyStationGiven(const NoticeForm& form)
     });
 }
 
+bool isAnyStationListTooLong(const NoticeForm& form)
+{
+    const auto lists = listedStationControls();
+    return std::any_of(lists.begin(), lists.end(), [&form](const std::string& list) {
+        return entriesOf(form, list).size() > maxEntries;
+    });
+}
+
 bool anyAntennaValueGiven(const NoticeForm& form)
 {
     return std::any_of(fields::antennaTexts.begin(), fields::antennaTexts.end(), [&form](const auto& row) {
@@ -278,12 +286,9 @@ std::optional<Said> hintOfSection(const NoticeForm& form)
         return std::nullopt;
     if (const int hidden = form.hidden().stations[static_cast<std::size_t>(number - 1)]; hidden > 0)
         return Said{Hint::StationsNotShown, QString::number(hidden)};
-    const auto lists = listedStationControls();
-    if (form.type() == ScreenType::T11 && std::any_of(lists.begin(), lists.end(), [&form](const auto& list) {
-            return entriesOf(form, list).size() > maxEntries;
-        }))
+    if (form.type() == ScreenType::T11 && isAnyStationListTooLong(form))
         return Said{Hint::TooManyStations, {}};
-    if (anyStationGiven(form) && !anyAntennaValueGiven(form))
+    if (!anyAntennaValueGiven(form) && anyStationGiven(form))
         return Said{Hint::SectionNotStored, {}};
     return std::nullopt;
 }

@@ -13,7 +13,6 @@
 #include <QListWidget>
 #include <QScreen>
 #include <QThread>
-#include <QWindow>
 
 #include <set>
 
@@ -40,14 +39,6 @@ public:
 
     std::function<void(int line)> onLine; // empty: none
 };
-
-// Where the windows live.
-void clickHere(const QWidget& widget, QPoint place)
-{
-    const auto at = widget.mapTo(widget.window(), place);
-    xdotool({"mousemove", "--window", QString::number(widget.window()->winId()), QString::number(at.x()),
-             QString::number(at.y()), "click", "1"});
-}
 
 class CheckOnDisplay : public testing::Test
 {
@@ -139,9 +130,8 @@ TEST_F(CheckOnDisplay, whatIsTypedAndClickedMeanwhileIsDropped)
     host.onLine = [&](int line) {
         if (line == 1) {
             xdotool({"key", "--delay", "0", "Down", "Return", "ctrl+f", "alt+f"});
-            const int title = screen.windowHandle()->frameMargins().top();
-            clickHere(screen, QPoint(screen.width() - title / 2, -title / 2)); // its close button
-            clickHere(list(), list().rect().center());
+            clickClose(screen);
+            click(list());
         }
         QThread::msleep(longLookUp);
     };

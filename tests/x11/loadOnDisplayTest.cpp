@@ -7,7 +7,6 @@
 #include "x11/watchedHost.h"
 
 #include <gtest/gtest.h>
-#include <QWindow>
 
 // What an operator types and clicks while a file is loaded.
 namespace {
@@ -44,12 +43,6 @@ protected:
                 presses();
         };
     }
-    void clickCloseButton()
-    {
-        const int title = screen.windowHandle()->frameMargins().top();
-        xdotool({"mousemove", "--window", QString::number(screen.winId()),
-                 QString::number(screen.width() - title / 2), QString::number(-title / 2), "click", "1"});
-    }
     void load()
     {
         ask([this] { screen.show(); });
@@ -71,7 +64,7 @@ TEST_F(LoadOnDisplay, isDropped)
 {
     whileLoading([this] {
         xdotool({"key", "--delay", "0", "Down", "Return", "ctrl+f", "alt+f"});
-        clickCloseButton();
+        clickClose(screen);
     });
     play([&] {
         load();

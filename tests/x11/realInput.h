@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPoint>
 #include <QStringList>
+#include <QThread>
 #include <QWidget>
 
 #include <exception>
@@ -20,10 +21,12 @@ namespace x11 {
 // included. A story that throws is a failed test. Whatever box or pop-up it leaves is closed.
 void play(const std::function<void()>& story);
 
-// Runs a query where the windows live, whichever loop is running there. Only for the operator's thread.
+// Runs a query where the windows live, whichever loop is running there; at once for whoever is there already.
 template <class Query>
 auto ask(Query query)
 {
+    if (QThread::currentThread() == qApp->thread())
+        return query();
     using Result = std::invoke_result_t<Query>;
     std::conditional_t<std::is_void_v<Result>, bool, std::optional<Result>> result{};
     std::exception_ptr failure;
